@@ -1,0 +1,29 @@
+# One INTERFACE target that carries the language level, the warnings and the sanitizers of every
+# target of this project.
+add_library(k4_options INTERFACE)
+target_compile_features(k4_options INTERFACE cxx_std_20)
+target_compile_options(k4_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+if(K4_WERROR)
+    target_compile_options(k4_options INTERFACE -Werror)
+endif()
+if(K4_SANITIZE)
+    target_compile_options(k4_options INTERFACE -fsanitize=${K4_SANITIZE} -fno-omit-frame-pointer
+                                                -fno-sanitize-recover=all -O1)
+    target_link_options(k4_options INTERFACE -fsanitize=${K4_SANITIZE})
+endif()
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+
+# What every target that uses Qt is compiled with.
+add_library(k4_qt_options INTERFACE)
+target_link_libraries(k4_qt_options INTERFACE k4_options)
+target_compile_definitions(k4_qt_options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII
+                                                   QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)

@@ -1,0 +1,41 @@
+# k4_library_folder(): adds a folder's sources to the two libraries. The folder sets the list `core`
+# (standard library only) and the list `windows` (Qt) before the call; nothing else decides on which
+# side of the wall a file lies.
+function(k4_library_folder)
+    foreach(file IN LISTS core)
+        target_sources(k4cmncore PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${file}")
+    endforeach()
+    if(TARGET k4cmndlg)
+        foreach(file IN LISTS windows)
+            target_sources(k4cmndlg PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${file}")
+        endforeach()
+    endif()
+endfunction()
+
+# k4_core_test(NAME source...): a test executable over the core alone.
+function(k4_core_test name)
+    add_executable(${name} ${ARGN})
+    target_link_libraries(${name} PRIVATE k4_options k4test_core k4cmncore GTest::gmock GTest::gtest
+                                          GTest::gtest_main)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()
+
+# k4_suite_test(NAME source...): a test executable over the core and the suite, without windows.
+function(k4_suite_test name)
+    add_executable(${name} ${ARGN})
+    target_link_libraries(${name} PRIVATE k4_qt_options k4test_suite k4suite k4cmncore GTest::gmock
+                                          GTest::gtest)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()
+
+# k4_window_test(NAME source...): a test executable that shows windows, offscreen.
+function(k4_window_test name)
+    add_executable(${name} ${ARGN})
+    target_link_libraries(${name} PRIVATE k4_qt_options k4test_windows k4suiteui k4suite k4cmndlg
+                                          k4cmncore Qt6::Widgets Qt6::Test GTest::gmock GTest::gtest)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT
+                                            "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+endfunction()

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+
+#include "k4cmndlg/k4cmndlg_export.h"
+
+class CDialog;
+class QAbstractButton;
+class QComboBox;
+class QLineEdit;
+class QRadioButton;
+class QSlider;
+class QWidget;
+
+/// One move of data between a dialog's members and its controls. After the first failure the rest
+/// of the move does nothing, so that members behind it keep their values.
+class K4CMNDLG_EXPORT CDataExchange {
+ public:
+    CDataExchange(CDialog* pDlgWnd, bool saveAndValidate);
+
+    /// True: from the controls to the members, with checks. False: from the members to the
+    /// controls.
+    const bool m_bSaveAndValidate;
+
+    /// True while nothing has failed.
+    bool Ok() const { return m_ok; }
+    /// True while data is to be moved from the controls and nothing has failed.
+    bool Saving() const { return m_bSaveAndValidate && m_ok; }
+    /// True while data is to be moved to the controls and nothing has failed.
+    bool Loading() const { return !m_bSaveAndValidate && m_ok; }
+
+    /// Names the control that a following check is about. The DDX functions do so by themselves.
+    void PrepareControl(QWidget* control) { m_control = control; }
+    /// Refuses the content of the prepared control: shows the words in a plain message, gives the
+    /// control the focus with its text selected, and ends the move. Empty words show nothing.
+    void Fail(const std::string& words);
+
+ private:
+    CDialog* m_pDlgWnd;
+    QWidget* m_control = nullptr;
+    bool m_ok = true;
+};
+
+/// @name Moving data. Each names its control for the check that follows it.
+/// @{
+K4CMNDLG_EXPORT void DDX_Text(CDataExchange* pDX, QLineEdit* edit, std::string& value);
+/// A text that is no integer of 32 bits is refused with the toolkit's words.
+K4CMNDLG_EXPORT void DDX_Text(CDataExchange* pDX, QLineEdit* edit, std::int32_t& value);
+/// 1 checked, 0 not.
+K4CMNDLG_EXPORT void DDX_Check(CDataExchange* pDX, QAbstractButton* button, int& value);
+/// The index of the button that is on, -1 if none is.
+K4CMNDLG_EXPORT void DDX_Radio(CDataExchange* pDX, std::initializer_list<QRadioButton*> buttons,
+                               int& value);
+/// The text of a combo box. Loading selects the entry with exactly that text, or none.
+K4CMNDLG_EXPORT void DDX_CBString(CDataExchange* pDX, QComboBox* combo, std::string& value);
+K4CMNDLG_EXPORT void DDX_Slider(CDataExchange* pDX, QSlider* slider, int& value);
+/// @}
+
+/// @name Checks, while data is moved from the controls. A refusal shows the toolkit's words.
+/// @{
+/// "Enter an integer between %1 and %2."
+K4CMNDLG_EXPORT void DDV_MinMaxInt(CDataExchange* pDX, std::int32_t value, std::int32_t minimum,
+                                   std::int32_t maximum);
+/// "Enter no more than %1 characters." Loading limits what the field takes to that number.
+K4CMNDLG_EXPORT void DDV_MaxChars(CDataExchange* pDX, const std::string& value,
+                                  std::size_t maximum);
+/// @}

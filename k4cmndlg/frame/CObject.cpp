@@ -1,0 +1,3 @@
+#include "k4cmndlg/frame/CObject.h"
+
+CObject::~CObject() = default;

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QPoint>
+#include <cstdint>
+
+#include "k4cmndlg/frame/CDialog.h"
+#include "k4cmndlg/k4cmndlg_export.h"
+
+namespace k4cmn {
+
+/// What a person asks help for: the control, and the help id that it carries.
+struct HelpRequest {
+    QWidget* window = nullptr;    ///< where the popup goes
+    std::uint32_t contextId = 0;  ///< the control's help id
+    bool isWindow = true;         ///< false for anything but a control window (a menu)
+};
+
+/// What CK4CmnDialog and CK4CmnDlgBase share: position memory and context help. The two differ in
+/// what they add to every help id that goes to the help system.
+///
+/// Position. The profile holds a text "WindowPos" in the section "Dialogs\%s", with the window's
+/// title: read when the window is created, under the title that it then has, and written when it is
+/// destroyed, under the title that it then has. Only the place is restored, never the size, and a
+/// place on a screen that is gone is moved onto one that is there.
+///
+/// Help ids. A dialog's own is its resource id plus 0x20000. A control's is the dynamic property
+/// `helpId` of the layout or, without one, the dialog's resource id in the high word and the
+/// `controlId` in the low word; a label without a `controlId` has 0xFFFF there.
+class K4CMNDLG_EXPORT DialogFrame : public CDialog {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(DialogFrame)
+
+ protected:
+    DialogFrame(std::uint32_t resourceId, QWidget* parent, std::uint32_t helpOffset);
+    ~DialogFrame() override;
+
+    /// Switches help on a right click on (1) or off (0). It starts off.
+    void EnableRightClickHelp(int enable) { m_bRightClickHelp = enable; }
+    /// Shows the help of the dialog itself.
+    void DefaultWinHelp();
+
+    int OnInitDialog() override;
+    int OnCreate() override;
+    void OnDestroy() override;
+    void OnDlgHelp() override;
+    /// The F1 key and the question mark tool. @return 1 if handled.
+    virtual int OnHelpInfo(HelpRequest* request);
+    /// A right click on a control, or on the dialog itself. @return 1 if handled.
+    virtual int OnContextMenu(QWidget* window, const QPoint& point);
+
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+    int m_bRightClickHelp = 0;
+    std::uint32_t m_helpOffset;
+};
+
+/// The context help id of a window or control; 0 if it has none.
+K4CMNDLG_EXPORT std::uint32_t GetWindowContextHelpId(const QWidget* window);
+/// Gives a window or control a context help id. 0 takes it away.
+K4CMNDLG_EXPORT void SetWindowContextHelpId(QWidget* window, std::uint32_t helpId);
+
+}  // namespace k4cmn
