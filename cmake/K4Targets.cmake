@@ -39,3 +39,15 @@ function(k4_window_test name)
     set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT
                                             "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
 endfunction()
+
+# k4_uses_threads(NAME...): these tests start threads, and run under the thread sanitizer too. The
+# target k4_thread_tests builds them alone.
+function(k4_uses_threads)
+    foreach(name IN LISTS ARGN)
+        set_tests_properties(${name} PROPERTIES LABELS threads)
+        if(NOT TARGET k4_thread_tests)
+            add_custom_target(k4_thread_tests)
+        endif()
+        add_dependencies(k4_thread_tests ${name})
+    endforeach()
+endfunction()

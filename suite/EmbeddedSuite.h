@@ -21,8 +21,8 @@ struct ServicesHolder {
 
 /// Everything that the library requires of other programs, working on this machine over one data
 /// home, without a window: store, settings, profile, sign service, shell, power. Made once at the
-/// start of a program; it installs itself behind the library's contracts, and takes itself away when
-/// it goes. Each contract may be replaced afterwards by installing another object.
+/// start of a program; it installs itself behind the library's contracts, and takes itself away
+/// when it goes. Each contract may be replaced afterwards by installing another object.
 ///
 /// One process at a time runs the services of a data home. Where another one does, this object
 /// stands all the same with all but the services: the clients then say "Sign service unavailable.",
@@ -33,7 +33,8 @@ class EmbeddedSuite {
  public:
     /// @param home    the data home; made if it doesn't exist.
     /// @param program the name of this program, for its profile and for others to see.
-    /// @param ui      questions and progress of file operations; must outlive the object. Null: every
+    /// @param ui      questions and progress of file operations; must outlive the object. Null:
+    /// every
     ///                question is answered No and nothing is shown.
     /// @param clock   the time; must outlive the object. Null: the system's.
     EmbeddedSuite(DataHome home, std::string program, FileOperationUi* ui = nullptr,

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "k4cmndlg/clients/SignServiceTypes.h"
@@ -249,12 +250,25 @@ class K4CMNCORE_EXPORT CK4CmnSS : public CObject {
     /// reply, the later ones the empty text.
     /// @return 1 with the next field, which may be empty; 0 at the end, with `field` left as it
     /// was.
-    int ParseTabSepBuf(std::string& field, const std::string& buffer);
+    int ParseTabSepBuf(std::string& field, std::string_view buffer);
 
  private:
+    struct WindowWay;
+
+    template <class Body>
+    int Bordered(const char* words, Body body);
+    template <class Stub, class... Arguments>
+    int Told(const char* words, Stub stub, Arguments... arguments);
+    template <std::uint32_t Capacity, class Parse, class Stub, class... Arguments>
+    int Replied(const char* words, Parse parse, Stub stub, Arguments... arguments);
     template <class Call>
     int OverService(const std::string& service, Call call);
-    int Told(std::int32_t stubResult, const char* words);
+    template <class Call>
+    int OverTestedLock(const std::string& service, std::uint32_t dwLockTimeout, Call call);
+
+    int ChangeWindow(const WindowWay& way, const std::string& sign, std::uint32_t window,
+                     std::int32_t open, std::int32_t row, std::int32_t column);
+    int Failed(const char* words);
 
     std::string m_strParseBuf;
     std::string m_strLastError;

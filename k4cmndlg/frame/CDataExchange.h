@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QPointer>
+#include <QWidget>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
@@ -13,7 +15,6 @@ class QComboBox;
 class QLineEdit;
 class QRadioButton;
 class QSlider;
-class QWidget;
 
 /// One move of data between a dialog's members and its controls. After the first failure the rest
 /// of the move does nothing, so that members behind it keep their values.
@@ -33,28 +34,32 @@ class K4CMNDLG_EXPORT CDataExchange {
     bool Loading() const { return !m_bSaveAndValidate && m_ok; }
 
     /// Names the control that a following check is about. The DDX functions do so by themselves.
-    void PrepareControl(QWidget* control) { m_control = control; }
+    void PrepareControl(QWidget* control);
+    /// The control named last; null if there is none, or it is gone.
+    QWidget* Control() const { return m_control; }
     /// Refuses the content of the prepared control: shows the words in a plain message, gives the
     /// control the focus with its text selected, and ends the move. Empty words show nothing.
     void Fail(const std::string& words);
 
  private:
     CDialog* m_pDlgWnd;
-    QWidget* m_control = nullptr;
+    QPointer<QWidget> m_control;
     bool m_ok = true;
 };
 
-/// @name Moving data. Each names its control for the check that follows it.
+/// @name Moving data. Each names its control for the check that follows it. A control that is
+/// loaded tells nobody of its change: the handlers of a dialog run when a person changes something.
 /// @{
 K4CMNDLG_EXPORT void DDX_Text(CDataExchange* pDX, QLineEdit* edit, std::string& value);
-/// A text that is no integer of 32 bits is refused with the toolkit's words.
+/// A text that is no integer of 32 bits is refused: "Enter an integer."
 K4CMNDLG_EXPORT void DDX_Text(CDataExchange* pDX, QLineEdit* edit, std::int32_t& value);
 /// 1 checked, 0 not.
 K4CMNDLG_EXPORT void DDX_Check(CDataExchange* pDX, QAbstractButton* button, int& value);
 /// The index of the button that is on, -1 if none is.
 K4CMNDLG_EXPORT void DDX_Radio(CDataExchange* pDX, std::initializer_list<QRadioButton*> buttons,
                                int& value);
-/// The text of a combo box. Loading selects the entry with exactly that text, or none.
+/// The text of a combo box. Loading selects the entry with exactly that text, or none; an editable
+/// one shows the text in either case.
 K4CMNDLG_EXPORT void DDX_CBString(CDataExchange* pDX, QComboBox* combo, std::string& value);
 K4CMNDLG_EXPORT void DDX_Slider(CDataExchange* pDX, QSlider* slider, int& value);
 /// @}
@@ -64,7 +69,8 @@ K4CMNDLG_EXPORT void DDX_Slider(CDataExchange* pDX, QSlider* slider, int& value)
 /// "Enter an integer between %1 and %2."
 K4CMNDLG_EXPORT void DDV_MinMaxInt(CDataExchange* pDX, std::int32_t value, std::int32_t minimum,
                                    std::int32_t maximum);
-/// "Enter no more than %1 characters." Loading limits what the field takes to that number.
+/// "Enter no more than %1 characters." Loading limits what the field takes to that number. What
+/// counts is UTF-16 units, as the toolkit's fields count them.
 K4CMNDLG_EXPORT void DDV_MaxChars(CDataExchange* pDX, const std::string& value,
                                   std::size_t maximum);
 /// @}

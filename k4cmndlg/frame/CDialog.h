@@ -18,9 +18,12 @@ enum : int { IDOK = 1, IDCANCEL = 2, IDHELP = 9 };
 /// A derived class sets up its layout in its constructor. Every control that has an id in the
 /// layout carries it as the dynamic property `controlId`; the buttons with the ids 1, 2 and 9 are
 /// wired to OnOK, OnCancel and OnDlgHelp by the base, Escape and the window's close button to
-/// OnCancel.
+/// OnCancel (they do nothing while a Cancel button is there and disabled). The button with the id 1
+/// is the default one, which Enter presses.
 ///
-/// Ownership: the caller's, mostly on the stack; the parent window is not owned.
+/// Ownership: the caller's, mostly on the stack; the parent window is not owned. A modeless window
+/// is ended with DestroyWindow(): a destructor that finds one standing can't reach the derived
+/// class's OnDestroy() any more.
 /// Threads: the user interface thread.
 class K4CMNDLG_EXPORT CDialog : public QDialog {
     Q_OBJECT
@@ -41,7 +44,8 @@ class K4CMNDLG_EXPORT CDialog : public QDialog {
     int Create();
     /// Ends a modeless window: hides it and runs OnDestroy. Does nothing where there is none.
     virtual void DestroyWindow();
-    /// Ends the dialog with a result.
+    /// Ends the dialog with a result and hides it. Called again before the dialog has returned, the
+    /// later result counts.
     void EndDialog(int result);
 
     /// The number of the dialog's layout.
@@ -80,11 +84,13 @@ class K4CMNDLG_EXPORT CDialog : public QDialog {
 
  private:
     void WireStandardButtons();
+    void TakeLayoutSize();
+    void Run();
     void Destroyed();
 
     std::uint32_t m_resourceId;
-    bool m_created = false;
-    bool m_ended = false;
-    bool m_initialising = false;
+    bool m_created = false;   ///< OnCreate has passed, OnDestroy is still to come
+    bool m_ended = false;     ///< EndDialog has been called
+    bool m_starting = false;  ///< DoModal is showing the window, and can't be left yet
     int m_result = IDCANCEL;
 };

@@ -13,4 +13,8 @@ class K4CMNDLG_EXPORT CK4CmnDlgBase : public k4cmn::DialogFrame {
 
     CK4CmnDlgBase(std::uint32_t resourceId, QWidget* parent)
         : DialogFrame(resourceId, parent, kHelpOffset) {}
+
+    /// Runs the dialog with the library's own texts in force, and gives the application its own
+    /// back afterwards.
+    int DoModal() override;
 };

@@ -1,22 +1,26 @@
 #pragma once
 
-#include <QElapsedTimer>
+#include <QLineEdit>
 #include <QPointer>
 #include <QWidget>
 #include <cstdint>
 #include <vector>
 
+#include "k4cmndlg/frame/SpinSteps.h"
+#include "k4cmndlg/frame/contracts/Clock.h"
 #include "k4cmndlg/k4cmndlg_export.h"
 
-class QLineEdit;
 class QTimer;
 class QToolButton;
 
 /// The toolkit's up-down control: two arrows beside an edit field (its buddy) whose number they
-/// change. While an arrow is held the step grows with the time held. The Up and Down keys in the
-/// buddy do the same, a held key counting as a held arrow.
+/// change. While an arrow is held it steps on, and the step grows with the time held, which the
+/// installed Clock tells. The Up and Down keys in the buddy do the same, a held key counting as a
+/// held arrow. A press on an arrow gives the buddy the focus, and a step leaves its text selected.
 ///
-/// The position is the buddy's number: it is read from the buddy at each step and written to it.
+/// The position is the buddy's number: it is read from the buddy at each step and written to it,
+/// as a change of the program (QLineEdit::textChanged, not textEdited). While the buddy is disabled
+/// or read-only the arrows are disabled and its keys do nothing.
 /// Ownership: the buddy belongs to the dialog. Threads: the user interface thread.
 class K4CMNDLG_EXPORT CSpinButtonCtrl : public QWidget {
     Q_OBJECT
@@ -24,10 +28,7 @@ class K4CMNDLG_EXPORT CSpinButtonCtrl : public QWidget {
 
  public:
     /// One speed: from so many seconds held on, a click makes this step.
-    struct Accel {
-        std::uint32_t seconds;
-        std::int32_t step;
-    };
+    using Accel = k4cmn::SpinAccel;
 
     explicit CSpinButtonCtrl(QWidget* parent = nullptr);
     ~CSpinButtonCtrl() override;
@@ -56,15 +57,19 @@ class K4CMNDLG_EXPORT CSpinButtonCtrl : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+    QToolButton* MakeArrow(Qt::ArrowType arrow, int direction);
+    void NameArrows();
+    void EnableArrows();
+    bool HandleKey(QEvent* event);
     void Press(int direction);
+    void PressArrow(int direction);
     void Release();
     void Step();
-    std::int32_t StepNow() const;
 
     QToolButton* m_up;
     QToolButton* m_down;
     QTimer* m_repeat;
-    QElapsedTimer m_held;
+    k4cmn::Clock::TimePoint m_heldSince;
     QPointer<QLineEdit> m_buddy;
     std::int32_t m_lower = 0;
     std::int32_t m_upper = 100;

@@ -2,11 +2,14 @@
 
 #include <QPoint>
 #include <cstdint>
+#include <memory>
 
 #include "k4cmndlg/frame/CDialog.h"
 #include "k4cmndlg/k4cmndlg_export.h"
 
 namespace k4cmn {
+
+class DialogPlace;
 
 /// What a person asks help for: the control, and the help id that it carries.
 struct HelpRequest {
@@ -18,14 +21,21 @@ struct HelpRequest {
 /// What CK4CmnDialog and CK4CmnDlgBase share: position memory and context help. The two differ in
 /// what they add to every help id that goes to the help system.
 ///
-/// Position. The profile holds a text "WindowPos" in the section "Dialogs\%s", with the window's
+/// The place. The profile holds a text "WindowPos" in the section "Dialogs\%s", with the window's
 /// title: read when the window is created, under the title that it then has, and written when it is
 /// destroyed, under the title that it then has. Only the place is restored, never the size, and a
-/// place on a screen that is gone is moved onto one that is there.
+/// place on a screen that is gone is moved onto one that is there. A dialog that was closed
+/// maximized opens maximized; one that was closed minimized opens as a normal window, since nobody
+/// would find it otherwise.
 ///
 /// Help ids. A dialog's own is its resource id plus 0x20000. A control's is the dynamic property
 /// `helpId` of the layout or, without one, the dialog's resource id in the high word and the
-/// `controlId` in the low word; a label without a `controlId` has 0xFFFF there.
+/// `controlId` in the low word; a label or group frame without a `controlId` has 0xFFFF there. A
+/// part of a control (the field inside a combo box) asks for the control around it.
+///
+/// Requests. F1 asks for the control with the focus, the question mark tool for the one that is
+/// clicked on, a right click likewise. The control behind a label is its buddy if that can be
+/// reached by the Tab key now, otherwise the next one in tab order that can.
 class K4CMNDLG_EXPORT DialogFrame : public CDialog {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(DialogFrame)
@@ -48,17 +58,26 @@ class K4CMNDLG_EXPORT DialogFrame : public CDialog {
     /// A right click on a control, or on the dialog itself. @return 1 if handled.
     virtual int OnContextMenu(QWidget* window, const QPoint& point);
 
-    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+    bool IsOwn(const QObject* watched) const;
+    bool AskHelp(QWidget* control);
+    bool AskContextMenu(QWidget* control, const QPoint& point);
+    QWidget* ControlAround(QWidget* part);
+    void ShowPopup(QWidget* window, std::uint32_t contextId);
+
     int m_bRightClickHelp = 0;
     std::uint32_t m_helpOffset;
+    std::unique_ptr<DialogPlace> m_place;
+    bool m_passedOn = false;  ///< a request is with the platform, on its way up through the parents
 };
 
-/// The context help id of a window or control; 0 if it has none.
+/// The context help id of a window or control; 0 if it has none. The dialog's own is set by
+/// OnInitDialog.
 K4CMNDLG_EXPORT std::uint32_t GetWindowContextHelpId(const QWidget* window);
-/// Gives a window or control a context help id. 0 takes it away.
+/// Gives a window or control a context help id (its property `helpId`). 0 takes it away, also from
+/// a control that would have one by its `controlId`.
 K4CMNDLG_EXPORT void SetWindowContextHelpId(QWidget* window, std::uint32_t helpId);
 
 }  // namespace k4cmn

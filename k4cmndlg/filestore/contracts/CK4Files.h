@@ -39,10 +39,12 @@ class K4CMNCORE_EXPORT CK4Files {
     /// 1 if signs of this color technology are made with this pixel technology.
     static int IsColorAndPixelTechValid(tag_K4_SIGN_COLOR color, tag_K4_PIXEL_TECH pixel);
 
-    /// The color technology of a combo box index.
+    /// The color technology of a combo box index. An index out of range becomes a value that has no
+    /// name and goes with no pixel technology.
     static tag_K4_SIGN_COLOR IntToColorTech(int index);
-    /// The pixel technology of a combo box index, which is the value less one.
-    static tag_K4_PIXEL_TECH IntToPixelTech(int index);
+    /// The pixel technology of a combo box index plus one. A number out of 1 to 3 becomes a value
+    /// that has no name and goes with no color technology.
+    static tag_K4_PIXEL_TECH IntToPixelTech(int indexPlusOne);
 
  private:
     std::string m_path;

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "apps/k4ctl/Answer.h"
+
+namespace CLI {
+class App;
+}
+
+namespace k4ctl {
+
+/// What the help says about a command.
+struct CommandText {
+    const char* name;
+    const char* summary;
+    const char* examples;  ///< whole lines
+};
+
+/// One command of the program: its arguments, which the command line fills, and what it does with
+/// them. Knows the library's exported clients and nothing that stands behind them, so that it works
+/// on whatever is installed. Used once, on the main thread.
+class Command {
+ public:
+    Command();
+    virtual ~Command();
+    Command(const Command&) = delete;
+    Command& operator=(const Command&) = delete;
+
+    virtual CommandText Text() const = 0;
+    /// Declares the command's arguments. They are filled while the command line is parsed; one that
+    /// can't be read ends the parsing with CLI::ValidationError.
+    virtual void AddArguments(CLI::App& app) = 0;
+    /// Does what was asked for, blocking until the service has answered.
+    virtual Answer Run() const = 0;
+};
+
+}  // namespace k4ctl

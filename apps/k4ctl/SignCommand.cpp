@@ -1,0 +1,72 @@
+#include "apps/k4ctl/SignCommand.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <vector>
+
+#include "apps/k4ctl/Names.h"
+#include "k4cmndlg/filestore/contracts/CK4Registry.h"
+
+namespace k4ctl {
+namespace {
+
+/// Words that help with a mistyped name: empty where the name is one of the configured ones.
+std::string ConfiguredInstead(const std::string& service) {
+    std::vector<std::string> services;
+    if (!CK4Registry::GetRegistryServices(services) || services.empty() ||
+        std::any_of(services.begin(), services.end(),
+                    [&](const std::string& each) { return SameWord(each, service); })) {
+        return {};
+    }
+    std::string names;
+    for (const std::string& each : services) {
+        names += (names.empty() ? "" : ", ") + each;
+    }
+    return "no service is named \"" + service + "\"; the configured ones are " + names;
+}
+
+}  // namespace
+
+void SignCommand::AddFurtherArguments(CLI::App&) {}
+
+void SignCommand::AddArguments(CLI::App& app) {
+    app.add_option("SIGN", m_sign, "Name of the sign")->required();
+    AddFurtherArguments(app);
+    app.add_option("-s,--service", m_service,
+                   "The service that has the sign; without it Local, which is this machine")
+        ->type_name("NAME");
+}
+
+Answer SignCommand::Run() const {
+    Answer answer;
+    answer.json.insert(QStringLiteral("service"), QString::fromStdString(m_service));
+    answer.json.insert(QStringLiteral("sign"), QString::fromStdString(m_sign));
+
+    CK4CmnSS client;
+    const k4cmn::CriticalSectionLock lock(CK4CmnSS::m_cs);
+    if (!client.ConnectService(m_service)) {
+        answer.Fail(ExitCode::Unavailable, client.GetLastError());
+        if (const std::string hint = ConfiguredInstead(m_service); !hint.empty()) {
+            answer.words.push_back(hint);
+        }
+        return answer;
+    }
+    OnSign(client, answer);
+    return answer;
+}
+
+void SignCommand::Refused(CK4CmnSS& client, Answer& answer) {
+    answer.Fail(ExitCode::Refused, client.GetLastError());
+}
+
+void SignCommand::Finish(int result, CK4CmnSS& client, const std::string& did,
+                         Answer& answer) const {
+    if (!result) {
+        Refused(client, answer);
+        return;
+    }
+    answer.json.insert(QStringLiteral("done"), true);
+    answer.Say(m_sign + ": " + did);
+}
+
+}  // namespace k4ctl

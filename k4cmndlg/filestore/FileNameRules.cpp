@@ -1,0 +1,69 @@
+#include "k4cmndlg/filestore/FileNameRules.h"
+
+#include <algorithm>
+
+namespace k4cmn {
+
+namespace {
+
+constexpr std::string_view kForbiddenWhenTyped = "\\/:;*?\"<>|#%";
+constexpr std::string_view kForbiddenWhenTaken = "#%;/\\";
+constexpr std::string_view kLettersAndDigits =
+    "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ1234567890";
+constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
+
+bool HoldsOneOf(std::string_view text, std::string_view characters) {
+    return text.find_first_of(characters) != std::string_view::npos;
+}
+
+constexpr bool ContinuesCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+/// How many bytes a character takes that begins with this one.
+constexpr std::size_t CharacterLength(char byte) {
+    const auto first = static_cast<unsigned char>(byte);
+    return first < 0xC0 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+}
+
+}  // namespace
+
+std::size_t CharacterCount(std::string_view text) {
+    std::size_t count = 0;
+    for (std::size_t at = 0; at < text.size(); ++count) {
+        const std::size_t end = std::min(at + CharacterLength(text[at]), text.size());
+        do
+            ++at;
+        while (at < end && ContinuesCharacter(text[at]));
+    }
+    return count;
+}
+
+bool IsFileNameShortEnough(std::string_view name) {
+    return CharacterCount(name) <= kMaxFileNameLength;
+}
+
+bool HoldsForbiddenCharacter(std::string_view name) {
+    return HoldsOneOf(name, kForbiddenWhenTyped);
+}
+
+Message InvalidFileNameMessage() {
+    return Message{
+        "A filename cannot contain any of the following characters:\n\t\\ / : ; * ? \" < > | # %",
+        "Invalid Filename", MessageButtons::Ok, MessageIcon::Stop};
+}
+
+std::string WithoutTrailingSpace(std::string_view text) {
+    const std::size_t last = text.find_last_not_of(kWhiteSpace);
+    return std::string(text.substr(0, last == std::string_view::npos ? 0 : last + 1));
+}
+
+bool CanTakeOverFileName(std::string_view name) {
+    return !WithoutTrailingSpace(name).empty() && !HoldsOneOf(name, kForbiddenWhenTaken);
+}
+
+bool HoldsLetterOrDigit(std::string_view name) {
+    return HoldsOneOf(name, kLettersAndDigits);
+}
+
+}  // namespace k4cmn

@@ -1,0 +1,188 @@
+#include "k4cmndlg/frame/DialogFrame.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QWhatsThis>
+
+#include "k4cmndlg/frame/DialogPlace.h"
+#include "k4cmndlg/frame/HelpDecision.h"
+#include "k4cmndlg/frame/contracts/HelpSystem.h"
+
+namespace k4cmn {
+
+namespace {
+
+bool IsTabStop(const QWidget* control, const QWidget* dialog) {
+    return (control->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && control->isEnabled() &&
+           control->isVisibleTo(dialog) && control->window() == dialog;
+}
+
+/// The control behind another one: its buddy, else the next in tab order; null if there is none.
+QWidget* NextInTabOrder(QWidget* control, const QWidget* dialog) {
+    if (const auto* label = qobject_cast<QLabel*>(control)) {
+        if (label->buddy() && IsTabStop(label->buddy(), dialog))
+            return label->buddy();
+    }
+    QWidget* next = control->nextInFocusChain();
+    while (next && next != control && (next == dialog || !IsTabStop(next, dialog)))
+        next = next->nextInFocusChain();
+    return next;
+}
+
+}  // namespace
+
+DialogFrame::DialogFrame(std::uint32_t resourceId, QWidget* parent, std::uint32_t helpOffset)
+    : CDialog(resourceId, parent),
+      m_helpOffset(helpOffset),
+      m_place(std::make_unique<DialogPlace>()) {
+    setWindowFlag(Qt::WindowContextHelpButtonHint);
+}
+
+DialogFrame::~DialogFrame() = default;
+
+int DialogFrame::OnCreate() {
+    if (CDialog::OnCreate() == -1)
+        return -1;
+    m_place->Restore(*this);
+    // Requests for help are seen before the controls see them: many have menus of their own.
+    qApp->installEventFilter(this);
+    return 0;
+}
+
+void DialogFrame::OnDestroy() {
+    qApp->removeEventFilter(this);
+    CDialog::OnDestroy();
+    m_place->Save(*this);
+}
+
+int DialogFrame::OnInitDialog() {
+    CDialog::OnInitDialog();
+    SetWindowContextHelpId(this, ResourceId() + kDialogHelpBase);
+    return 1;
+}
+
+void DialogFrame::OnDlgHelp() {
+    DefaultWinHelp();
+}
+
+void DialogFrame::DefaultWinHelp() {
+    const HelpCommand help = DialogHelp(GetWindowContextHelpId(this));
+    HelpSystem& system = Provided<HelpSystem>::Current();
+    system.WinHelp(this, system.HelpFilePath(), help.command, help.data + m_helpOffset);
+}
+
+void DialogFrame::ShowPopup(QWidget* window, std::uint32_t contextId) {
+    HelpSystem& system = Provided<HelpSystem>::Current();
+    system.WinHelp(window, system.HelpFilePath(), HELP_CONTEXTPOPUP, contextId + m_helpOffset);
+}
+
+int DialogFrame::OnHelpInfo(HelpRequest* request) {
+    if (!request->isWindow || !request->window)
+        return 0;
+    const HelpTarget target{request->window == this, request->contextId,
+                            GetWindowContextHelpId(this)};
+    const HelpDecision decision = DecideHelpInfo(target, [&] {
+        QWidget* next = NextInTabOrder(request->window, this);
+        return NextControl{next != nullptr, next == request->window,
+                           GetWindowContextHelpId(ControlAround(next))};
+    });
+    request->contextId = decision.contextId;
+    if (decision.kind == HelpDecision::Kind::Popup)
+        ShowPopup(request->window, decision.contextId);
+    else
+        DefaultWinHelp();
+    return 1;
+}
+
+int DialogFrame::OnContextMenu(QWidget* window, const QPoint&) {
+    QWidget* next = nullptr;
+    const HelpTarget target{window == this, GetWindowContextHelpId(window),
+                            GetWindowContextHelpId(this)};
+    const HelpDecision decision = DecideContextMenu(m_bRightClickHelp != 0, target, [&] {
+        next = ControlAround(NextInTabOrder(window, this));
+        return NextControl{next != nullptr, next == window, GetWindowContextHelpId(next)};
+    });
+    switch (decision.kind) {
+        case HelpDecision::Kind::Platform:
+            return 0;
+        case HelpDecision::Kind::Dialog:
+            DefaultWinHelp();
+            return 1;
+        case HelpDecision::Kind::Popup:
+            ShowPopup(decision.onNext ? next : window, decision.contextId);
+            return 1;
+    }
+    return 0;
+}
+
+QWidget* DialogFrame::ControlAround(QWidget* part) {
+    QWidget* control = part;
+    while (control && control != this && GetWindowContextHelpId(control) == 0)
+        control = control->parentWidget();
+    // A control without any id asks for itself: what it has is no help of its own.
+    return control && control != this ? control : part;
+}
+
+bool DialogFrame::AskHelp(QWidget* control) {
+    QWidget* asked = ControlAround(control);
+    HelpRequest request{asked, GetWindowContextHelpId(asked), true};
+    return OnHelpInfo(&request) != 0;
+}
+
+bool DialogFrame::AskContextMenu(QWidget* control, const QPoint& point) {
+    return OnContextMenu(ControlAround(control), point) != 0;
+}
+
+bool DialogFrame::IsOwn(const QObject* watched) const {
+    if (!watched->isWidgetType())
+        return false;
+    return static_cast<const QWidget*>(watched)->window() == this;
+}
+
+bool DialogFrame::eventFilter(QObject* watched, QEvent* event) {
+    bool handled = false;
+    switch (event->type()) {
+        case QEvent::KeyPress: {
+            const auto& key = static_cast<const QKeyEvent&>(*event);
+            if (key.key() != Qt::Key_F1 || key.modifiers() != Qt::NoModifier || m_passedOn ||
+                !IsOwn(watched))
+                return false;
+            handled = AskHelp(static_cast<QWidget*>(watched));
+            break;
+        }
+        case QEvent::WhatsThis:
+            if (m_passedOn || !IsOwn(watched))
+                return false;
+            handled = AskHelp(static_cast<QWidget*>(watched));
+            if (handled)
+                QWhatsThis::leaveWhatsThisMode();
+            break;
+        case QEvent::QueryWhatsThis:
+            if (!IsOwn(watched))
+                return false;
+            event->accept();  // everything in the dialog has help, if only that of the dialog
+            return true;
+        case QEvent::ContextMenu:
+            if (m_passedOn || !IsOwn(watched))
+                return false;
+            handled = AskContextMenu(static_cast<QWidget*>(watched),
+                                     static_cast<QContextMenuEvent*>(event)->globalPos());
+            break;
+        default:
+            return false;
+    }
+    if (handled) {
+        event->accept();
+        return true;
+    }
+    // The platform now offers the same event to the control and its parents, one by one. They have
+    // been asked for already.
+    m_passedOn = true;
+    QMetaObject::invokeMethod(
+        this, [this] { m_passedOn = false; }, Qt::QueuedConnection);
+    return false;
+}
+
+}  // namespace k4cmn

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "suite/signservice/LampTechnology.h"
+#include "suite/signservice/Lamps.h"
+
+namespace k4suite {
+
+/// The shades of the lamps at one place: one with Mono and Quad, red and green with Tri, red, green
+/// and blue with Rgb and Packed. Lamps that a technology hasn't got stay 0.
+using Shade = std::array<std::uint8_t, 3>;
+
+/// What the lamps of a sign do, in the shades that its technology has.
+struct ShadePicture {
+    LampTechnology technology;
+    LampGrid<Shade> lamps;
+};
+
+/// Fits a picture to a technology: the nearest shade of each lamp.
+/// With one color a lamp follows the brightness of its place; with red and green alone blue light
+/// shows, half as bright, as both, so that it doesn't vanish. A quad cell takes the mean of its
+/// places: what red, green and blue have in common goes to the white lamp, the rest to their own.
+ShadePicture Quantise(const Lamps& picture, LampTechnology technology);
+
+/// The light of lamps. Each place of a quad cell shows the cell's mixed color: red, green and blue,
+/// each with the white lamp's light added.
+Lamps LightOf(const ShadePicture& picture, tag_K4_PIXEL_TECH pixel);
+
+/// Lowers shades to a brightness of 0 to 255; a lamp that is lit stays lit.
+void DimShades(ShadePicture& picture, std::uint8_t brightness);
+
+/// Lowers light to a brightness of 0 to 255; a lamp that is lit stays lit.
+void DimLight(Lamps& picture, std::uint8_t brightness);
+
+/// Makes a picture another size, each lamp taking the nearest of the old ones.
+Lamps Resized(const Lamps& picture, std::uint32_t rows, std::uint32_t columns);
+
+}  // namespace k4suite

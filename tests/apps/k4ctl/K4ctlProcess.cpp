@@ -1,0 +1,47 @@
+#include "tests/apps/k4ctl/K4ctlProcess.h"
+
+namespace k4test {
+namespace {
+
+constexpr int kLongest = 60'000;  // milliseconds; a run takes a fraction of a second
+
+}  // namespace
+
+void K4ctlProcess::Prepare(QProcess& process, const QStringList& arguments) const {
+    QProcessEnvironment environment = m_environment;
+    environment.insert(QStringLiteral("K4_HOME"), QString::fromStdString(Home().string()));
+    process.setProcessEnvironment(environment);
+    process.setProgram(QStringLiteral(K4CTL_PROGRAM));
+    process.setArguments(arguments);
+}
+
+K4ctlRun K4ctlProcess::Finish(QProcess& process) {
+    K4ctlRun run;
+    if (!process.waitForFinished(kLongest)) {
+        process.kill();
+        process.waitForFinished(kLongest);
+        run.err = "the program didn't end, or didn't start";
+        return run;
+    }
+    run.code = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    run.out = process.readAllStandardOutput().toStdString();
+    run.err = process.readAllStandardError().toStdString();
+    return run;
+}
+
+K4ctlRun K4ctlProcess::Run(const QStringList& arguments) const {
+    QProcess process;
+    Prepare(process, arguments);
+    process.start();
+    return Finish(process);
+}
+
+K4ctlRun K4ctlProcess::RunInto(const QString& file, const QStringList& arguments) const {
+    QProcess process;
+    Prepare(process, arguments);
+    process.setStandardOutputFile(file);
+    process.start();
+    return Finish(process);
+}
+
+}  // namespace k4test
