@@ -7,14 +7,9 @@
 #include <QApplication>
 #include <QDialog>
 
-#include <cstdio>
-#include <filesystem>
-#include <string>
-
+#include "bench/BenchSuite.h"
 #include "k4cmndlg/signctl/CK4CmnDlgDimmingCtrl.h"
 #include "k4cmndlg/signctl/CK4CmnDlgWindowControl.h"
-#include "suite/EmbeddedSuite.h"
-#include "suite/sample/SampleData.h"
 
 namespace {
 
@@ -54,19 +49,8 @@ BENCHMARK(OpenEmpty)->Name("open/EmptyDialog");
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    const std::filesystem::path folder =
-        std::filesystem::temp_directory_path() / ("k4bench-" + std::to_string(getpid()));
-    const k4suite::DataHome home(folder);
-    std::string problem;
-    if (!k4suite::SeedSampleData(home, &problem)) {
-        std::fprintf(stderr, "%s\n", problem.c_str());
-        return 1;
-    }
-    {
-        const k4suite::EmbeddedSuite suite(home, "bench");
-        benchmark::Initialize(&argc, argv);
-        benchmark::RunSpecifiedBenchmarks();
-    }
-    std::filesystem::remove_all(folder);
+    const k4bench::BenchSuite suite;
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

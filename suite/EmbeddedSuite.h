@@ -6,18 +6,13 @@
 
 #include "k4cmndlg/frame/contracts/Clock.h"
 #include "suite/settings/DataHome.h"
+#include "suite/signservice/ServicesHolder.h"
 
 namespace k4suite {
 
 class FileOperationUi;
 class FolderFiles;
 class SignEngine;
-
-/// The process that runs the services of a data home.
-struct ServicesHolder {
-    long pid = 0;         ///< 0: nobody, or it can't be told
-    std::string program;  ///< the name that it gave
-};
 
 /// Everything that the library requires of other programs, working on this machine over one data
 /// home, without a window: store, settings, profile, sign service, shell, power. Made once at the

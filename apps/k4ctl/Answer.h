@@ -21,6 +21,7 @@ struct Answer {
     ExitCode code = ExitCode::Done;
     std::string text;                ///< for people: whole lines, fit for a terminal
     QJsonObject json;                ///< for machines
+    bool changed = false;            ///< something of the sign was changed
     std::vector<std::string> words;  ///< what failed, a line each, not yet escaped
 
     /// Adds a line for people. Any text will do; it is escaped.

@@ -27,7 +27,7 @@ constexpr const char* kOverview =
     "  k4ctl signs                         all signs of all services\n"
     "  k4ctl status Ticker                 what a sign of this machine does\n"
     "  k4ctl dim Ticker manual 200         sets its dimming\n"
-    "  k4ctl play Ticker Goal.SQ4 --mode num-times --param 3\n"
+    "  k4ctl play Ticker 'A:\\Goal.SQ4' --mode num-times --param 3\n"
     "  k4ctl windows -s \"North Tower\" Weather --json\n"
     "\n"
     "k4ctl COMMAND --help tells a command's arguments, with examples. A name that begins with a\n"

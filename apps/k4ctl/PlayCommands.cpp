@@ -8,15 +8,14 @@ namespace k4ctl {
 
 CommandText PlayCommand::Text() const {
     return {"play", "Play a file on a sign",
-            "  k4ctl play Ticker Welcome.SQ4\n"
-            "  k4ctl play Ticker Goal.SQ4 --mode num-times --param 3\n"
-            "  k4ctl play Ticker Evening.SD4\n"};
+            "  k4ctl play Ticker \"Test Pattern.SQ4\"\n"
+            "  k4ctl play Ticker 'A:\\Goal.SQ4' --mode num-times --param 3\n"
+            "  k4ctl play Ticker 'A:\\Evening.SD4'\n"};
 }
 
 void PlayCommand::AddFurtherArguments(CLI::App& app) {
     app.add_option("FILE", m_file,
-                   "A sequence (SQ4, AVI), a schedule (SD4) or a script (SC4); the ending is in "
-                   "capitals")
+                   "A sequence (SQ4, AVI), schedule (SD4) or script (SC4): a path of the store")
         ->required();
     m_how.AddTo(app);
 }
@@ -62,7 +61,7 @@ void BlankCommand::OnSign(CK4CmnSS& client, Answer& answer) const {
 CommandText DefaultCommand::Text() const {
     return {"default", "Show or set the sequence that a sign plays when nothing else does",
             "  k4ctl default Ticker\n"
-            "  k4ctl default Ticker Welcome.SQ4 --mode continuous\n"};
+            "  k4ctl default Ticker \"Test Pattern.SQ4\" --mode continuous\n"};
 }
 
 void DefaultCommand::AddFurtherArguments(CLI::App& app) {

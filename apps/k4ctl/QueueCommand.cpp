@@ -65,7 +65,7 @@ QJsonObject ToJson(const K4_DISPLAY_QUEUE& entry) {
 CommandText QueueCommand::Text() const {
     return {"queue", "Show or change a sign's display queue",
             "  k4ctl queue Ticker\n"
-            "  k4ctl queue Ticker --add Goal.SQ4 --mode num-times --param 3\n"
+            "  k4ctl queue Ticker --add 'A:\\Goal.SQ4' --mode num-times --param 3\n"
             "  k4ctl queue Ticker --next\n"
             "  k4ctl queue Ticker --clear\n"};
 }

@@ -49,7 +49,12 @@ Answer RunOnHome(const k4suite::DataHome& home, const Command& command, std::ost
 
     const std::vector<std::string> after = suite.Problems();
     for (std::size_t index = before.size(); index < after.size(); ++index) {
-        WriteError(after[index], err);
+        // A change that isn't kept is gone when this process ends.
+        if (answer.changed) {
+            answer.Fail(ExitCode::Refused, after[index]);
+        } else {
+            WriteError(after[index], err);
+        }
     }
     if (answer.code == ExitCode::Unavailable && !suite.RunsServices()) {
         AddHolder(suite, answer);

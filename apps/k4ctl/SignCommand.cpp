@@ -65,6 +65,7 @@ void SignCommand::Finish(int result, CK4CmnSS& client, const std::string& did,
         Refused(client, answer);
         return;
     }
+    answer.changed = true;
     answer.json.insert(QStringLiteral("done"), true);
     answer.Say(m_sign + ": " + did);
 }

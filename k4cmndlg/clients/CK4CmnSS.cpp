@@ -48,7 +48,7 @@ int CK4CmnSS::ConnectService(std::string service, const char* a, const char* b, 
         service = ".";
     if (IsConnected(service))
         return 1;
-    return Told(kServiceUnavailable, &K4SSRpc::k4ssConnectSignAsUser, service.c_str(), a, b, c);
+    return Told<&K4SSRpc::k4ssConnectSignAsUser>(kServiceUnavailable, service.c_str(), a, b, c);
 }
 
 int CK4CmnSS::DisconnectService() {
@@ -70,8 +70,8 @@ int CK4CmnSS::GetSignList(std::vector<std::string>& signs) {
             signs.emplace_back(name);
         return 1;
     };
-    return Replied<kSignListCapacity>("Could not get sign list from service.", append,
-                                      &K4SSRpc::k4ssListSigns);
+    return Replied<&K4SSRpc::k4ssListSigns, kSignListCapacity>(
+        "Could not get sign list from service.", append);
 }
 
 int CK4CmnSS::GetSignList(const std::string& service, std::vector<std::string>& signs) {

@@ -253,21 +253,21 @@ class K4CMNCORE_EXPORT CK4CmnSS : public CObject {
     int ParseTabSepBuf(std::string& field, std::string_view buffer);
 
  private:
-    struct WindowWay;
-
     template <class Body>
     int Bordered(const char* words, Body body);
-    template <class Stub, class... Arguments>
-    int Told(const char* words, Stub stub, Arguments... arguments);
-    template <std::uint32_t Capacity, class Parse, class Stub, class... Arguments>
-    int Replied(const char* words, Parse parse, Stub stub, Arguments... arguments);
+    template <auto Stub, class... Arguments>
+    int Told(const char* words, Arguments... arguments);
+    template <auto Stub, std::uint32_t Capacity, class Parse, class... Arguments>
+    int Replied(const char* words, Parse parse, Arguments... arguments);
     template <class Call>
     int OverService(const std::string& service, Call call);
     template <class Call>
     int OverTestedLock(const std::string& service, std::uint32_t dwLockTimeout, Call call);
 
-    int ChangeWindow(const WindowWay& way, const std::string& sign, std::uint32_t window,
-                     std::int32_t open, std::int32_t row, std::int32_t column);
+    template <auto Enable, auto Move>
+    int ChangeWindow(std::string (*enableWords)(const char* verb), const char* moveWords,
+                     const std::string& sign, std::uint32_t window, std::int32_t open,
+                     std::int32_t row, std::int32_t column);
     int Failed(const char* words);
 
     std::string m_strParseBuf;

@@ -38,26 +38,17 @@ std::int32_t ToZeroBased(std::int32_t place) {
 
 }  // namespace
 
-/// A way in which a window's state is set: at once or by the queue.
-struct CK4CmnSS::WindowWay {
-    std::int32_t (K4SSRpcControl::*enable)(const char*, std::uint32_t, std::int32_t);
-    std::string (*enableWords)(const char* verb);
-    std::int32_t (K4SSRpcControl::*move)(const char*, std::uint32_t, std::int32_t, std::int32_t);
-    const char* moveWords;
-};
-
-// Plain overloads
-// ----------------------------------------------------------------------------------
+// Plain overloads ---------------------------------------------------------------------------------
 
 int CK4CmnSS::PlaySequence(const std::string& sign, const std::string& file,
                            tag_K4_PLAY_SEQ_MODE mode, std::uint32_t param) {
-    return Told("Could not play sequence",  //
-                &K4SSRpc::k4ssPlaySequence, sign.c_str(), file.c_str(), mode, param);
+    return Told<&K4SSRpc::k4ssPlaySequence>("Could not play sequence", sign.c_str(), file.c_str(),
+                                            mode, param);
 }
 
 int CK4CmnSS::PlaySchedule(const std::string& sign, const std::string& file) {
-    return Told("Could not run schedule",  //
-                &K4SSRpc::k4ssRunSchedule, sign.c_str(), file.c_str(), 0U);
+    return Told<&K4SSRpc::k4ssRunSchedule>("Could not run schedule", sign.c_str(), file.c_str(),
+                                           0U);
 }
 
 int CK4CmnSS::PlayScript(const std::string& /*sign*/, const std::string& /*file*/) {
@@ -83,41 +74,40 @@ int CK4CmnSS::PlayFile(const std::string& sign, const std::string& file, tag_K4_
 
 int CK4CmnSS::CheckSequence(const std::string& sign, const std::string& file,
                             tag_K4_PLAY_SEQ_MODE mode, std::uint32_t param) {
-    return Told("Sequence is not valid",  //
-                &K4SSRpc::k4ssCheckSequence, sign.c_str(), file.c_str(), mode, param);
+    return Told<&K4SSRpc::k4ssCheckSequence>("Sequence is not valid", sign.c_str(), file.c_str(),
+                                             mode, param);
 }
 
 int CK4CmnSS::SetDefaultSequence(const std::string& sign, const std::string& file,
                                  tag_K4_PLAY_SEQ_MODE mode, std::uint32_t param) {
-    return Told("Could not set default sequence",  //
-                &K4SSRpc::k4ssSetDefaultSequence, sign.c_str(), file.c_str(), mode, param);
+    return Told<&K4SSRpc::k4ssSetDefaultSequence>("Could not set default sequence", sign.c_str(),
+                                                  file.c_str(), mode, param);
 }
 
 int CK4CmnSS::SelectFrame(const std::string& sign, std::uint32_t frame) {
-    return Told("Could not show selected frame",  //
-                &K4SSRpc::k4ssSelectFrame, sign.c_str(), frame);
+    return Told<&K4SSRpc::k4ssSelectFrame>("Could not show selected frame", sign.c_str(), frame);
 }
 
 int CK4CmnSS::SingleStep(const std::string& sign, std::int32_t step) {
-    return Told("Could not single step", &K4SSRpc::k4ssSingleStepFrame, sign.c_str(), step);
+    return Told<&K4SSRpc::k4ssSingleStepFrame>("Could not single step", sign.c_str(), step);
 }
 
 int CK4CmnSS::QueueSequence(const std::string& sign, const std::string& file,
                             tag_K4_PLAY_SEQ_MODE mode, std::uint32_t param) {
-    return Told("Could not queue sequence",  //
-                &K4SSRpc::k4ssQueueSequence, sign.c_str(), file.c_str(), mode, param);
+    return Told<&K4SSRpc::k4ssQueueSequence>("Could not queue sequence", sign.c_str(), file.c_str(),
+                                             mode, param);
 }
 
 int CK4CmnSS::StopSequence(const std::string& sign) {
-    return Told("Could not stop sequence", &K4SSRpc::k4ssStopSequence, sign.c_str());
+    return Told<&K4SSRpc::k4ssStopSequence>("Could not stop sequence", sign.c_str());
 }
 
 int CK4CmnSS::BlankSign(const std::string& sign) {
-    return Told("Could not blank sign", &K4SSRpc::k4ssBlankSign, sign.c_str());
+    return Told<&K4SSRpc::k4ssBlankSign>("Could not blank sign", sign.c_str());
 }
 
 int CK4CmnSS::EndSchedule(const std::string& sign) {
-    return Told("Could not end schedule", &K4SSRpc::k4ssEndSchedule, sign.c_str());
+    return Told<&K4SSRpc::k4ssEndSchedule>("Could not end schedule", sign.c_str());
 }
 
 int CK4CmnSS::EndScript(const std::string& /*sign*/) {
@@ -130,49 +120,47 @@ int CK4CmnSS::SetDimming(const std::string& sign, tag_K4_SIGN_DIM_MODE mode, std
         value = std::clamp(value, K4_DIM_LEVEL_MIN, K4_DIM_LEVEL_MAX);
     else if (mode == K4_SIGN_DIM_PHOTOCELL)
         value = std::clamp(value, K4_DIM_OFFSET_MIN, K4_DIM_OFFSET_MAX);
-    return Told("Could not set dimming mode",  //
-                &K4SSRpc::k4ssSetDimming, sign.c_str(), mode, value);
+    return Told<&K4SSRpc::k4ssSetDimming>("Could not set dimming mode", sign.c_str(), mode, value);
+}
+
+/// Opens or closes a window by one stub and moves it by another.
+/// @param enableWords makes the words of a failed opening or closing, from the verb.
+template <auto Enable, auto Move>
+int CK4CmnSS::ChangeWindow(std::string (*enableWords)(const char* verb), const char* moveWords,
+                           const std::string& sign, std::uint32_t window, std::int32_t open,
+                           std::int32_t row, std::int32_t column) {
+    if (!Told<Enable>("", sign.c_str(), window, open))
+        return Bordered("", [&] { return Failed(enableWords(open ? "open" : "close").c_str()); });
+    if (row == 0 || column == 0)
+        return 1;
+    return Told<Move>(moveWords, sign.c_str(), window, ToZeroBased(row), ToZeroBased(column));
 }
 
 int CK4CmnSS::SetWindowState(const std::string& sign, std::uint32_t window, std::int32_t open,
                              std::int32_t row, std::int32_t column, const std::string& /*name*/) {
-    constexpr WindowWay atOnce = {
-        &K4SSRpcControl::k4ssWindowEnable,
-        [](const char* verb) { return k4cmn::Format("Could not %s window", verb); },
-        &K4SSRpcControl::k4ssWindowMove, "Could not move window"};
-    return ChangeWindow(atOnce, sign, window, open, row, column);
+    const auto words = [](const char* verb) { return k4cmn::Format("Could not %s window", verb); };
+    return ChangeWindow<&K4SSRpc::k4ssWindowEnable, &K4SSRpc::k4ssWindowMove>(
+        words, "Could not move window", sign, window, open, row, column);
 }
 
 int CK4CmnSS::QueueWindowState(const std::string& sign, std::uint32_t window, std::int32_t open,
                                std::int32_t row, std::int32_t column, const std::string& /*name*/) {
-    constexpr WindowWay byQueue = {
-        &K4SSRpcControl::k4ssQueueWindowEnable,
-        [](const char* verb) { return k4cmn::Format("Could not queue %s window", verb); },
-        &K4SSRpcControl::k4ssQueueWindowMove, "Could not queue window move"};
-    return ChangeWindow(byQueue, sign, window, open, row, column);
-}
-
-int CK4CmnSS::ChangeWindow(const WindowWay& way, const std::string& sign, std::uint32_t window,
-                           std::int32_t open, std::int32_t row, std::int32_t column) {
-    if (!Told("", way.enable, sign.c_str(), window, open))
-        return Bordered("",
-                        [&] { return Failed(way.enableWords(open ? "open" : "close").c_str()); });
-    if (row == 0 || column == 0)
-        return 1;
-    return Told(way.moveWords, way.move, sign.c_str(), window, ToZeroBased(row),
-                ToZeroBased(column));
+    const auto words = [](const char* verb) {
+        return k4cmn::Format("Could not queue %s window", verb);
+    };
+    return ChangeWindow<&K4SSRpc::k4ssQueueWindowEnable, &K4SSRpc::k4ssQueueWindowMove>(
+        words, "Could not queue window move", sign, window, open, row, column);
 }
 
 int CK4CmnSS::ClearQueue(const std::string& sign) {
-    return Told("Could not clear queue", &K4SSRpc::k4ssClearQueue, sign.c_str());
+    return Told<&K4SSRpc::k4ssClearQueue>("Could not clear queue", sign.c_str());
 }
 
 int CK4CmnSS::NextItem(const std::string& sign) {
-    return Told("Could not execute \"Next\" command", &K4SSRpc::k4ssNextItem, sign.c_str());
+    return Told<&K4SSRpc::k4ssNextItem>("Could not execute \"Next\" command", sign.c_str());
 }
 
-// Service overloads
-// --------------------------------------------------------------------------------
+// Service overloads -------------------------------------------------------------------------------
 
 int CK4CmnSS::PlaySequence(const std::string& service, const std::string& sign,
                            const std::string& file, tag_K4_PLAY_SEQ_MODE mode,

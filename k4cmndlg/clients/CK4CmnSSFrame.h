@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -25,23 +24,26 @@ int CK4CmnSS::Bordered(const char* words, Body body) {
 }
 
 /// A plain overload: clears the words, calls the stub, and turns its result into 1, or into 0 with
-/// the operation's words. The stub's code is dropped.
-template <class Stub, class... Arguments>
-int CK4CmnSS::Told(const char* words, Stub stub, Arguments... arguments) {
+/// the operation's words. The stub's code is dropped. The stub is a constant of the template, so
+/// that the call costs what a call through the contract costs.
+template <auto Stub, class... Arguments>
+int CK4CmnSS::Told(const char* words, Arguments... arguments) {
     m_strLastError.clear();
-    return Bordered(words, [&] {
-        const std::int32_t result =
-            std::invoke(stub, k4cmn::Provided<K4SSRpc>::Current(), arguments...);
-        return result == 0 ? 1 : Failed(words);
-    });
+    try {
+        if ((k4cmn::Provided<K4SSRpc>::Current().*Stub)(arguments...) == 0)
+            return 1;
+    } catch (...) {
+        return Failed(words);
+    }
+    return Failed(words);
 }
 
 /// A plain overload whose stub replies with text in a buffer of `Capacity` bytes: as Told(), and
 /// the result is what `parse` makes of the reply.
-template <std::uint32_t Capacity, class Parse, class Stub, class... Arguments>
-int CK4CmnSS::Replied(const char* words, Parse parse, Stub stub, Arguments... arguments) {
+template <auto Stub, std::uint32_t Capacity, class Parse, class... Arguments>
+int CK4CmnSS::Replied(const char* words, Parse parse, Arguments... arguments) {
     k4cmn::ReplyBuffer<Capacity> reply;
-    if (!Told(words, stub, arguments..., reply.Data(), reply.Size(), reply.Length()))
+    if (!Told<Stub>(words, arguments..., reply.Data(), reply.Size(), reply.Length()))
         return 0;
     return Bordered(words, [&] { return parse(reply.Text()); });
 }

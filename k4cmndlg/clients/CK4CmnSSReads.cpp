@@ -17,60 +17,58 @@ constexpr std::uint32_t kDefaultSequenceCapacity = 270;
 
 }  // namespace
 
-// Plain overloads that hand the caller's pointers through
-// ------------------------------------------
+// Plain overloads that hand the caller's pointers through -----------------------------------------
 
 int CK4CmnSS::GetChangeFlag(const std::string& sign, std::uint32_t* flag) {
-    return Told("Could not get change flag from service.",  //
-                &K4SSRpc::k4ssGetChangeFlag, sign.c_str(), flag);
+    return Told<&K4SSRpc::k4ssGetChangeFlag>("Could not get change flag from service.",
+                                             sign.c_str(), flag);
 }
 
 int CK4CmnSS::GetSchedChangeFlag(const std::string& sign, std::uint32_t* flag) {
-    return Told("Could not get schedule change flag from service.",
-                &K4SSRpc::k4ssGetSchedChangeFlag, sign.c_str(), flag);
+    return Told<&K4SSRpc::k4ssGetSchedChangeFlag>(
+        "Could not get schedule change flag from service.", sign.c_str(), flag);
 }
 
 int CK4CmnSS::GetPhotocellStatus(const std::string& sign, std::uint32_t* status) {
-    return Told("Could not get photocell status from service.",  //
-                &K4SSRpc::k4ssGetPhotocell, sign.c_str(), status);
+    return Told<&K4SSRpc::k4ssGetPhotocell>("Could not get photocell status from service.",
+                                            sign.c_str(), status);
 }
 
 int CK4CmnSS::GetTemperatureFreq(std::uint32_t selector, std::uint32_t* frequency) {
-    return Told("Could not get temerature frequency from service.",
-                &K4SSRpc::k4ssGetTemperatureFreq, selector, frequency);
+    return Told<&K4SSRpc::k4ssGetTemperatureFreq>(
+        "Could not get temerature frequency from service.", selector, frequency);
 }
 
 int CK4CmnSS::GetEffectStatus(const std::string& sign, std::uint32_t* word, std::uint8_t* bytes,
                               std::uint32_t* length) {
-    return Told("Could not get effect status from service.",  //
-                &K4SSRpc::k4ssGetEffectStatus, sign.c_str(), word, bytes, length);
+    return Told<&K4SSRpc::k4ssGetEffectStatus>("Could not get effect status from service.",
+                                               sign.c_str(), word, bytes, length);
 }
 
 int CK4CmnSS::GetSchedule(const std::string& sign, std::uint32_t* word, std::uint8_t* bytes,
                           std::uint32_t* length) {
-    return Told("Could not get schedule from service.",  //
-                &K4SSRpc::k4ssGetSchedule, sign.c_str(), word, bytes, length);
+    return Told<&K4SSRpc::k4ssGetSchedule>("Could not get schedule from service.", sign.c_str(),
+                                           word, bytes, length);
 }
 
 int CK4CmnSS::GetDIB(const std::string& sign, char* buffer, std::uint32_t capacity,
                      std::uint32_t* length) {
-    return Told("Could not get DIB from sign service",  //
-                &K4SSRpc::k4ssGetDIB, sign.c_str(), buffer, capacity, length);
+    return Told<&K4SSRpc::k4ssGetDIB>("Could not get DIB from sign service", sign.c_str(), buffer,
+                                      capacity, length);
 }
 
 int CK4CmnSS::GetBulb(const std::string& sign, std::uint8_t* buffer, std::uint32_t capacity,
                       std::uint32_t* word1, std::uint32_t* word2) {
-    return Told("Could not get bulb data from sign service",  //
-                &K4SSRpc::k4ssGetBulb, sign.c_str(), buffer, capacity, word1, word2);
+    return Told<&K4SSRpc::k4ssGetBulb>("Could not get bulb data from sign service", sign.c_str(),
+                                       buffer, capacity, word1, word2);
 }
 
 int CK4CmnSS::GetDefaultSeqFlag(const std::string& sign, std::uint32_t* flag) {
-    return Told("Could not get default sequence flag from sign service",
-                &K4SSRpc::k4ssGetDefaultSeqFlag, sign.c_str(), flag);
+    return Told<&K4SSRpc::k4ssGetDefaultSeqFlag>(
+        "Could not get default sequence flag from sign service", sign.c_str(), flag);
 }
 
-// Plain overloads whose texts are the caller's
-// -----------------------------------------------------
+// Plain overloads whose texts are the caller's ----------------------------------------------------
 
 int CK4CmnSS::GetSignSchedSeq(const std::string& sign, std::string* schedule, std::string* sequence,
                               std::uint32_t* word) {
@@ -81,8 +79,9 @@ int CK4CmnSS::GetSignSchedSeq(const std::string& sign, std::string* schedule, st
         std::uint32_t firstCapacity = first.Size();
         std::uint32_t secondCapacity = second.Size();
         std::uint32_t outWord = 0;
-        const int result = Told(words, &K4SSRpc::k4ssGetSchedSeqStatus, sign.c_str(), first.Data(),
-                                &firstCapacity, second.Data(), &secondCapacity, &outWord);
+        const int result =
+            Told<&K4SSRpc::k4ssGetSchedSeqStatus>(words, sign.c_str(), first.Data(), &firstCapacity,
+                                                  second.Data(), &secondCapacity, &outWord);
         first.TakeOver();
         second.TakeOver();
         if (word)
@@ -98,8 +97,8 @@ int CK4CmnSS::GetFrameStatus(const std::string& sign, std::string* text, std::ui
     return Bordered(words, [&] {
         CallersText<kFrameTextCapacity> room(text);
         const int result =
-            Told(words, &K4SSRpc::k4ssGetFrameStatus, sign.c_str(), text ? room.Data() : nullptr,
-                 word1, word2, mode, word3, word4, word5);
+            Told<&K4SSRpc::k4ssGetFrameStatus>(words, sign.c_str(), text ? room.Data() : nullptr,
+                                               word1, word2, mode, word3, word4, word5);
         room.TakeOver();
         return result;
     });
@@ -111,15 +110,14 @@ int CK4CmnSS::GetDefaultSequence(const std::string& sign, std::string* sequence,
     return Bordered(words, [&] {
         CallersText<kDefaultSequenceCapacity> room(sequence);
         std::uint32_t capacity = room.Size();
-        const int result = Told(words, &K4SSRpc::k4ssGetDefaultSequence, sign.c_str(), room.Data(),
-                                &capacity, mode, param);
+        const int result = Told<&K4SSRpc::k4ssGetDefaultSequence>(words, sign.c_str(), room.Data(),
+                                                                  &capacity, mode, param);
         room.TakeOver();
         return result;
     });
 }
 
-// Plain overloads that take a reply apart
-// ----------------------------------------------------------
+// Plain overloads that take a reply apart ---------------------------------------------------------
 
 int CK4CmnSS::GetSignStatus(const std::string& sign, std::string* text1, std::string* text2,
                             std::uint32_t* word1, tag_K4_PLAY_SEQ_MODE* mode, std::uint32_t* word2,
@@ -135,8 +133,8 @@ int CK4CmnSS::GetSignStatus(const std::string& sign, std::string* text1, std::st
         fields.Number(word3);
         return 1;
     };
-    return Replied<kReplyCapacity>("Could not get sign status from service.", parse,
-                                   &K4SSRpc::k4ssGetStatus, sign.c_str());
+    return Replied<&K4SSRpc::k4ssGetStatus, kReplyCapacity>(
+        "Could not get sign status from service.", parse, sign.c_str());
 }
 
 int CK4CmnSS::GetSignConfig(const std::string& sign, std::uint32_t* rows, std::uint32_t* columns,
@@ -157,8 +155,8 @@ int CK4CmnSS::GetSignConfig(const std::string& sign, std::uint32_t* rows, std::u
         fields.Clamped(photocellOffset, K4_DIM_OFFSET_MIN, K4_DIM_OFFSET_MAX);
         return 1;
     };
-    return Replied<kReplyCapacity>("Could not get sign configuration from service", parse,
-                                   &K4SSRpc::k4ssGetConfig, sign.c_str());
+    return Replied<&K4SSRpc::k4ssGetConfig, kReplyCapacity>(
+        "Could not get sign configuration from service", parse, sign.c_str());
 }
 
 int CK4CmnSS::GetWindowState(const std::string& sign, std::uint32_t window, std::int32_t* open,
@@ -168,20 +166,19 @@ int CK4CmnSS::GetWindowState(const std::string& sign, std::uint32_t window, std:
         const bool found = k4cmn::FindWindowLine(reply, window, line);
         return found && k4cmn::StoreWindowLine(line, open, row, column, name) ? 1 : 0;
     };
-    return Replied<kReplyCapacity>("Could not get window state", parse, &K4SSRpc::k4ssListWindows,
-                                   sign.c_str());
+    return Replied<&K4SSRpc::k4ssListWindows, kReplyCapacity>("Could not get window state", parse,
+                                                              sign.c_str());
 }
 
 int CK4CmnSS::GetQueue(const std::string& sign, K4_DISPLAY_QUEUE* entries, std::uint32_t capacity) {
     const auto parse = [&](std::string_view reply) {
         return k4cmn::ReadQueueReply(reply, entries, entries ? capacity : 0);
     };
-    return Replied<kReplyCapacity>("Could not get queue from service", parse,
-                                   &K4SSRpc::k4ssGetQueue, sign.c_str());
+    return Replied<&K4SSRpc::k4ssGetQueue, kReplyCapacity>("Could not get queue from service",
+                                                           parse, sign.c_str());
 }
 
-// Service overloads
-// --------------------------------------------------------------------------------
+// Service overloads -------------------------------------------------------------------------------
 
 int CK4CmnSS::GetChangeFlag(const std::string& service, const std::string& sign,
                             std::uint32_t* flag, std::uint32_t dwLockTimeout) {

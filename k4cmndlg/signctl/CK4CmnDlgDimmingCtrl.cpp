@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
+#include <array>
 
 #include "k4cmndlg/clients/CK4CmnSS.h"
 #include "k4cmndlg/frame/CDataExchange.h"
@@ -20,6 +21,10 @@ namespace {
 constexpr std::uint32_t kTemplate = 176;
 constexpr int kLevelTicks = 32;
 constexpr int kOffsetTicks = 16;
+
+std::array<QRadioButton*, 4> Radios(const Ui::DimmingDialog& ui) {
+    return {ui.manual, ui.photocell, ui.remotePhotocell, ui.scheduled};
+}
 
 void SetRange(QSlider* slider, int lower, int upper, int ticks) {
     slider->setRange(lower, upper);
@@ -41,8 +46,7 @@ CK4CmnDlgDimmingCtrl::CK4CmnDlgDimmingCtrl(const std::string& service, const std
     QPalette ground = m_ui->signName->palette();
     ground.setBrush(QPalette::Base, ground.window());
     m_ui->signName->setPalette(ground);
-    for (QRadioButton* radio :
-         {m_ui->manual, m_ui->photocell, m_ui->remotePhotocell, m_ui->scheduled})
+    for (QRadioButton* radio : Radios(*m_ui))
         connect(radio, &QRadioButton::clicked, this, &CK4CmnDlgDimmingCtrl::OnRadio);
     for (QSlider* slider : {m_ui->level, m_ui->offset})
         connect(slider, &QSlider::valueChanged, this, [this] { ShowApplyButton(true); });
@@ -97,6 +101,11 @@ void CK4CmnDlgDimmingCtrl::DimmingSelect() {
            m_settings.radio == DimmingSettings::kManual);
     enable({m_ui->photocellCaption, m_ui->offset, m_ui->photocellLow, m_ui->photocellHigh},
            m_settings.radio == DimmingSettings::kPhotocell);
+    // The four buttons are one stop of the Tab key, at the one that is on, as soon as one is.
+    for (QRadioButton* radio : Radios(*m_ui)) {
+        const bool stop = m_settings.radio < 0 || radio->isChecked();
+        radio->setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus);
+    }
 }
 
 void CK4CmnDlgDimmingCtrl::ShowApplyButton(bool enable) {

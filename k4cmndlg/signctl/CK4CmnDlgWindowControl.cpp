@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
+#include <algorithm>
 
 #include "k4cmndlg/clients/CK4CmnSS.h"
 #include "k4cmndlg/frame/CDataExchange.h"
@@ -35,10 +36,6 @@ constexpr int kColumnSpin = 1054;
 
 QValidator* Matching(const char* pattern, QObject* parent) {
     return new QRegularExpressionValidator(QRegularExpression(QLatin1String(pattern)), parent);
-}
-
-void SetSpeeds(CSpinButtonCtrl* spin, const WindowPlacing::Speeds& speeds) {
-    spin->SetAccel({speeds.begin(), speeds.end()});
 }
 
 }  // namespace
@@ -132,19 +129,20 @@ bool CK4CmnDlgWindowControl::ReadWindows() {
 }
 
 void CK4CmnDlgWindowControl::SetBounds() {
-    const auto setBounds = [this](QLineEdit* edit, CSpinButtonCtrl* spin, int lower, int upper,
-                                  const WindowPlacing::Speeds& speeds) {
-        edit->setValidator(lower < 0 ? m_signedDigits : m_digits);
+    const auto set = [this](QLineEdit* edit, CSpinButtonCtrl* spin, std::int32_t number, int lower,
+                            int upper, const WindowPlacing::Speeds& speeds) {
+        // A number that the sign reports below its bound can be edited like any other.
+        edit->setValidator(std::min(lower, number) < 0 ? m_signedDigits : m_digits);
         spin->SetRange(lower, upper);
-        SetSpeeds(spin, speeds);
+        spin->SetAccel({speeds.begin(), speeds.end()});
     };
     for (std::size_t k = 0; k < m_lines.size(); ++k) {
         const Line& line = m_lines[k];
         const WindowPlacing::Window& window = m_placing.windows[k];
-        setBounds(line.row, line.rowSpin, window.rowMinimum, m_placing.RowMaximum(),
-                  m_placing.RowSpeeds());
-        setBounds(line.column, line.columnSpin, window.columnMinimum, m_placing.ColumnMaximum(),
-                  WindowPlacing::ColumnSpeeds());
+        set(line.row, line.rowSpin, window.row, window.rowMinimum, m_placing.RowMaximum(),
+            m_placing.RowSpeeds());
+        set(line.column, line.columnSpin, window.column, window.columnMinimum,
+            m_placing.ColumnMaximum(), WindowPlacing::ColumnSpeeds());
     }
 }
 

@@ -4,7 +4,7 @@
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
-#include <sys/pidfd.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -55,7 +55,8 @@ class CleanStart {
 /// @return whether the process ended within the time.
 bool HasEnded(pid_t process, std::chrono::milliseconds patience) {
     using SteadyClock = std::chrono::steady_clock;
-    const Descriptor handle(pidfd_open(process, 0));
+    // Not the C library's own function: its header in glibc 2.36 lacks the C linkage.
+    const Descriptor handle(static_cast<int>(syscall(SYS_pidfd_open, process, 0)));
     const auto deadline = SteadyClock::now() + patience;
     int ready = -1;
     while (handle) {

@@ -47,9 +47,10 @@ bool WriteWhole(const fs::path& path, const std::string& bytes) {
     return file.good();
 }
 
-/// Whether the toolkit understands a file. The name must be one that it hasn't seen: it remembers
-/// the content of files, and tells of a damage only when it reads.
+/// Whether the toolkit understands all of a file. It reads a section when it is first asked for
+/// something in it, and tells of a damage only then; so it must not have seen this content before.
 bool IsUnderstood(const QSettings& settings) {
+    settings.allKeys();
     return settings.status() == QSettings::NoError;
 }
 
@@ -103,12 +104,12 @@ int IniFile::Replace(const std::string& bytes, const std::function<void(QSetting
     bool isDone = WriteWhole(copy, bytes);
     if (isDone) {
         QSettings settings(Qt(copy), QSettings::IniFormat);
-        isDamaged = settings.status() == QSettings::FormatError;
         isDone = IsUnderstood(settings);
+        isDamaged = settings.status() == QSettings::FormatError;
         if (isDone) {
             change(settings);
             settings.sync();
-            isDone = IsUnderstood(settings);
+            isDone = settings.status() == QSettings::NoError;
         }
     }
     std::error_code failed;

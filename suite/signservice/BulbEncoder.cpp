@@ -65,8 +65,7 @@ void EncodePacked(const ShadePicture& picture, std::vector<std::uint8_t>& bytes)
 
 }  // namespace
 
-std::size_t BulbBytes(std::uint32_t rows, std::uint32_t columns,
-                      const LampTechnology& technology) {
+std::size_t BulbBytes(std::uint32_t rows, std::uint32_t columns, const LampTechnology& technology) {
     return WordsOfLine(columns) * LinesOf(rows) * technology.planes * 2;
 }
 

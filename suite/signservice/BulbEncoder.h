@@ -10,8 +10,8 @@ namespace k4suite {
 
 /// Bulb data: what each lamp of a sign does, packed the way signs take it.
 ///
-/// A line holds the grid's columns, rounded up to a multiple of 16; there are as many lines as rows,
-/// rounded up to even. What lies beyond the grid is 0.
+/// A line holds the grid's columns, rounded up to a multiple of 16; there are as many lines as
+/// rows, rounded up to even. What lies beyond the grid is 0.
 ///
 /// Planes. A plane has one bit a lamp: lines of 16-bit words, each word low byte first, with the
 /// leftmost lamp of a word in its highest bit. Plane 0 holds the lowest bit of a shade.

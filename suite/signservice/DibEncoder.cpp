@@ -24,8 +24,16 @@ void EncodeDib(const Lamps& picture, std::span<std::uint8_t> bytes) {
     constexpr std::uint32_t onePlane = 1;
     constexpr std::uint32_t bits = 32;
     const std::uint32_t header[] = {
-        kHeaderBytes, picture.Columns(), 0U - picture.Rows(), onePlane | bits << 16, 0, pixels, 0,
-        0,            0,                 0,
+        kHeaderBytes,
+        picture.Columns(),
+        0U - picture.Rows(),
+        onePlane | bits << 16,
+        0,
+        pixels,
+        0,
+        0,
+        0,
+        0,
     };
     static_assert(sizeof header == kHeaderBytes);
     std::uint8_t* at = bytes.data();

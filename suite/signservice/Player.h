@@ -31,13 +31,14 @@ struct PlayPosition {
 /// Plays one sequence at a time. It has no thread: the frame that shows follows from the time when
 /// playing began and the time that it is asked for.
 ///
-/// Modes: Single Step stands at the first frame; Sel Frame shows the frame of the param, from 1; Num
-/// Times plays as often as the param says (0 counts as 1); Play Stop, Play Blank and Play Next play
-/// once; all others play on and on. What comes after the end of a sequence is the sign's affair.
-/// Threads: one at a time.
+/// Modes: Single Step stands at the first frame; Sel Frame shows the frame of the param, from 1;
+/// Num Times plays as often as the param says (0 counts as 1); Play Stop, Play Blank and Play Next
+/// play once; all others play on and on. What comes after the end of a sequence is the sign's
+/// affair. Threads: one at a time.
 class Player {
  public:
-    /// Whether an order can be carried out with these frames: a known mode, and a frame that exists.
+    /// Whether an order can be carried out with these frames: a known mode, and a frame that
+    /// exists.
     static bool CanPlay(const PlayOrder& order, const FrameSource& frames);
 
     /// Begins with an order, which CanPlay().

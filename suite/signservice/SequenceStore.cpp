@@ -20,7 +20,8 @@ bool IsSameAscii(std::string_view one, std::string_view other) {
 }
 
 bool EndsIn(std::string_view name, std::string_view ending) {
-    return name.size() > ending.size() && IsSameAscii(name.substr(name.size() - ending.size()), ending);
+    return name.size() > ending.size() &&
+           IsSameAscii(name.substr(name.size() - ending.size()), ending);
 }
 
 bool IsTestPattern(std::string_view name) {

@@ -53,7 +53,8 @@ struct Cell {
 
     template <class Grid>
     static Cell At(const Grid& grid, std::uint32_t row, std::uint32_t column) {
-        return {row, column, std::min(2U, grid.Rows() - row), std::min(2U, grid.Columns() - column)};
+        return {row, column, std::min(2U, grid.Rows() - row),
+                std::min(2U, grid.Columns() - column)};
     }
 };
 

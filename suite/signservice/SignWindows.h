@@ -10,11 +10,11 @@ namespace k4suite {
 
 /// One sign window: another sign's picture at a place on the sign's grid.
 struct SignWindow {
-    std::string sign;              ///< whose picture it shows
-    std::uint32_t signRows = 1;    ///< that sign's size
+    std::string sign;            ///< whose picture it shows
+    std::uint32_t signRows = 1;  ///< that sign's size
     std::uint32_t signColumns = 1;
     bool open = false;
-    std::int32_t row = 0;     ///< place of the upper left lamp, from 0
+    std::int32_t row = 0;  ///< place of the upper left lamp, from 0
     std::int32_t column = 0;
 };
 

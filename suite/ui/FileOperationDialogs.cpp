@@ -132,7 +132,7 @@ bool FileOperationDialogs::ShowProgress(std::uint64_t done, std::uint64_t total,
     m_label->setText(
         m_label->fontMetrics().elidedText(k4cmn::ToQt(name), Qt::ElideMiddle, kProgressWidth - 40));
     m_progress->setValue(static_cast<int>(share * kSteps));
-    if (!m_progress->isVisible() && m_sinceBegin.durationElapsed() >= m_showAfter)
+    if (!m_progress->isVisible() && m_sinceBegin.elapsed() >= m_showAfter.count())
         m_progress->show();
     // Only while it is shown: before that, nothing keeps a person out of the other windows.
     if (m_progress->isVisible())

@@ -86,7 +86,9 @@ HelpWindow::HelpWindow(const HelpTopics& topics)
     auto* const rows = new QVBoxLayout(this);
     rows->addWidget(split, 1);
     rows->addLayout(buttons);
-    setTabOrder({m_filter, m_tree, m_browser, contents, back, close});
+    QWidget* const order[] = {m_filter, m_tree, m_browser, contents, back, close};
+    for (std::size_t at = 1; at < std::size(order); ++at)
+        setTabOrder(order[at - 1], order[at]);
 
     connect(m_filter, &QLineEdit::textChanged, this, &HelpWindow::Filter);
     connect(m_filter, &QLineEdit::returnPressed, this, &HelpWindow::OpenFirstMatch);

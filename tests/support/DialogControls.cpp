@@ -1,15 +1,22 @@
 #include "tests/support/DialogControls.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRadioButton>
 #include <QTest>
 #include <QVariant>
 
 namespace k4test {
 
 void Click(const CDialog& dialog, int controlId) {
-    QTest::mouseClick(Item<QWidget>(dialog, controlId), Qt::LeftButton);
+    auto* control = Item<QWidget>(dialog, controlId);
+    QPoint where = control->rect().center();
+    // A radio button or check box may be wider than what it shows.
+    if (qobject_cast<QRadioButton*>(control) || qobject_cast<QCheckBox*>(control))
+        where.setX(control->height() / 2);
+    QTest::mouseClick(control, Qt::LeftButton, {}, where);
 }
 
 void TypeOver(const CDialog& dialog, int controlId, const QString& text) {

@@ -22,7 +22,7 @@ Control* Item(const CDialog& dialog, int controlId) {
     return control;
 }
 
-/// Clicks the middle of a control.
+/// Clicks a control: in its middle, or where a radio button or check box has its mark.
 void Click(const CDialog& dialog, int controlId);
 /// Clicks a field, and types over what it holds. The field keeps the focus.
 void TypeOver(const CDialog& dialog, int controlId, const QString& text);

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iomanip>
 #include <iterator>
 #include <ostream>
 #include <random>
@@ -54,12 +53,23 @@ TEST(Help, OfACommandHasItsExamplesAndTheExitCodes) {
     }
 }
 
-/// The words of a line as a shell splits it, double quotes minded.
+/// The words of a line as a shell splits it, as far as the examples need it: both kinds of quotes,
+/// and backslashes that stand for themselves.
 Words ShellWords(const std::string& line) {
     Words words;
-    std::istringstream stream(line);
-    for (std::string word; stream >> std::quoted(word);)
-        words.push_back(word);
+    char quote = 0;
+    bool inWord = false;
+    for (const char each : line) {
+        if (quote ? each == quote : each == '"' || each == '\'') {
+            quote = quote ? '\0' : each;
+            inWord = inWord || (words.emplace_back(), true);
+        } else if (!quote && each == ' ') {
+            inWord = false;
+        } else {
+            inWord = inWord || (words.emplace_back(), true);
+            words.back() += each;
+        }
+    }
     return words;
 }
 

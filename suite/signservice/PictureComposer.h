@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "suite/signservice/Dimming.h"
+#include "suite/signservice/Shades.h"
+#include "suite/signservice/Sign.h"
+
+namespace k4suite {
+
+class Machine;
+
+/// What the signs of a machine show at one moment: the frame, with the pictures of the signs in its
+/// open windows on top, a higher window number above a lower one. Those signs have windows of their
+/// own; a picture goes four windows deep, and no sign appears inside itself. A blank sign shows no
+/// windows either.
+class PictureComposer {
+ public:
+    /// @param machine must outlive the object, and is not to change while it is used.
+    PictureComposer(const Machine& machine, TimePoint now);
+
+    /// The shades of the sign's lamps, dimmed.
+    ShadePicture ShadesOf(const Sign& sign) const;
+    /// The light of the sign's lamps, dimmed.
+    Lamps LightOf(const Sign& sign) const;
+    /// The brightness of the sign's lamps, of 255.
+    std::uint8_t BrightnessOf(const Sign& sign) const;
+    /// The light at the sign's own photocell, 0 to 255.
+    std::uint8_t PhotocellOf(const Sign& sign) const;
+    /// A number that stands for the sign's state and picture: as long as it stays, both do.
+    std::uint64_t LookOf(const Sign& sign) const;
+
+ private:
+    using Path = std::vector<const Sign*>;
+
+    /// The signs that are visible in the windows of the last sign of a path; null for a window that
+    /// is closed or too deep.
+    std::vector<const Sign*> WindowSigns(const Path& path) const;
+    ShadePicture Compose(Path& path) const;
+    void PaintWindows(Path& path, Lamps& picture) const;
+    std::uint64_t HashOf(Path& path, std::uint64_t hash) const;
+
+    const Machine& m_machine;
+    TimePoint m_now;
+    std::uint32_t m_minute;
+};
+
+}  // namespace k4suite

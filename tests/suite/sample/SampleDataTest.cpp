@@ -1,0 +1,195 @@
+#include "suite/sample/SampleData.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <map>
+#include <set>
+
+#include "k4cmndlg/filestore/SignLimits.h"
+#include "suite/store/FolderFiles.h"
+#include "tests/support/TempFolder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace k4suite;
+
+/// Every file below a folder with its content, every folder with "/".
+std::map<std::string, std::string> Contents(const fs::path& root) {
+    std::map<std::string, std::string> contents;
+    for (const auto& entry : fs::recursive_directory_iterator(root)) {
+        const std::string name = fs::relative(entry.path(), root).string();
+        contents[name] = "/";
+        if (entry.is_regular_file())
+            contents[name] = std::to_string(entry.file_size()) + " " +
+                             std::to_string(entry.last_write_time().time_since_epoch().count());
+    }
+    return contents;
+}
+
+class Sample : public testing::Test {
+ protected:
+    k4test::TempFolder folder;
+    DataHome home{folder / "home"};
+    std::string problem = "old";
+};
+
+TEST_F(Sample, NewHomeGetsTheMachines) {
+    ASSERT_EQ(SeedSampleData(home, &problem), 1);
+    EXPECT_EQ(problem, "");
+    MachineSettings machine;
+    ASSERT_EQ(ReadMachineSettings(home, machine, &problem), 1);
+    EXPECT_EQ(problem, "");
+    std::vector<std::string> names;
+    for (const ServiceSetup& service : machine.services)
+        names.push_back(service.name);
+    EXPECT_EQ(names, (std::vector<std::string>{"Local", "North Tower", "Harbour Gate"}));
+}
+
+TEST_F(Sample, LocalHasTheMainBoardAndTheScoreboard) {
+    const MachineSettings machine = SampleMachines();
+    const ServiceSetup* local = machine.Find("Local");
+    ASSERT_NE(local, nullptr);
+    ASSERT_GE(local->signs.size(), 2u);
+    EXPECT_EQ(local->servers, (std::vector<std::string>{"A:", "\\\\STORE\\SIGNS"}));
+    EXPECT_EQ(local->signs[0].name, "Main Board");
+    EXPECT_EQ(local->signs[0].settings.rows, 64u);
+    EXPECT_EQ(local->signs[0].settings.columns, 192u);
+    EXPECT_EQ(local->signs[0].settings.color, K4_SIGN_COLOR_RGB16M);
+    EXPECT_EQ(local->signs[1].name, "Scoreboard");
+    EXPECT_EQ(local->signs[1].settings.color, K4_SIGN_COLOR_QUAD16);
+    EXPECT_EQ(local->signs[1].settings.pixel, K4_PIXEL_TECH_INCAND);
+}
+
+TEST_F(Sample, SignsAreLegalAndDiffer) {
+    for (const ServiceSetup& service : SampleMachines().services) {
+        EXPECT_GE(service.signs.size(), 3u);
+        std::set<std::string> names;
+        std::set<std::pair<std::uint32_t, std::uint32_t>> sizes;
+        for (const SignSetup& sign : service.signs) {
+            EXPECT_EQ(k4cmn::SignTypeMessages(sign.settings.rows, sign.settings.columns,
+                                              sign.settings.color, sign.settings.pixel),
+                      std::vector<std::string>{})
+                << sign.name;
+            EXPECT_LE(sign.name.size(), 20u);
+            names.insert(sign.name);
+            sizes.insert({sign.settings.rows, sign.settings.columns});
+        }
+        EXPECT_EQ(names.size(), service.signs.size());
+        EXPECT_EQ(sizes.size(), service.signs.size());
+    }
+}
+
+TEST_F(Sample, FirstSignOfEachMachineHasRoomForTheOthers) {
+    for (const ServiceSetup& service : SampleMachines().services) {
+        const k4cmn::SignSettings& first = service.signs.front().settings;
+        for (const SignSetup& sign : service.signs) {
+            EXPECT_LE(sign.settings.rows, first.rows) << sign.name;
+            EXPECT_LE(sign.settings.columns, first.columns) << sign.name;
+        }
+    }
+}
+
+TEST_F(Sample, EachSignHasItsFolderAndItsPaletteTwinOnEachServer) {
+    ASSERT_EQ(SeedSampleData(home, nullptr), 1);
+    FolderFiles store(home);
+    for (const ServiceSetup& service : SampleMachines().services) {
+        for (const std::string& server : service.servers) {
+            for (const SignSetup& sign : service.signs) {
+                for (const int palette : {0, 1}) {
+                    const k4cmn::SignSettings& of = sign.settings;
+                    const std::string type =
+                        store.BuildSign(of.rows, of.columns, of.color, of.pixel, palette);
+                    std::vector<std::string> libraries;
+                    ASSERT_EQ(store.FindFiles(libraries, server + "\\" + type + ".Sign\\*.Lib", 1),
+                              1)
+                        << server << " " << type;
+                    const std::set<std::string> found(libraries.begin(), libraries.end());
+                    EXPECT_EQ(found.count("Default.Lib"), 1u);
+                    EXPECT_GE(found.size(), 2u);
+                }
+            }
+        }
+    }
+}
+
+TEST_F(Sample, FoldersTakeFurtherLibraries) {
+    ASSERT_EQ(SeedSampleData(home, nullptr), 1);
+    FolderFiles store(home);
+    const std::string library = store.NativePath("A:\\64x192.RGB16M.LED.Sign\\Mine.Lib");
+    EXPECT_TRUE(fs::create_directory(library));
+    EXPECT_NE(fs::status(fs::path(library).parent_path()).permissions() & fs::perms::owner_write,
+              fs::perms::none);
+}
+
+TEST_F(Sample, SecondCallTouchesNothing) {
+    ASSERT_EQ(SeedSampleData(home, nullptr), 1);
+    fs::remove_all(home.Drives());
+    const auto before = Contents(home.Path());
+    EXPECT_EQ(SeedSampleData(home, &problem), 1);
+    EXPECT_EQ(problem, "");
+    EXPECT_EQ(Contents(home.Path()), before);
+}
+
+TEST_F(Sample, HomeWithOwnMachinesIsNotTouched) {
+    folder.Write("home/settings/machine.ini", "[Service1]\nName=Mine\n");
+    const auto before = Contents(home.Path());
+    EXPECT_EQ(SeedSampleData(home, &problem), 1);
+    EXPECT_EQ(Contents(home.Path()), before);
+}
+
+TEST_F(Sample, HomeWithDamagedMachinesIsNotTouchedEvenOnceTheyAreSetAside) {
+    folder.Write("home/settings/machine.ini", "nonsense");
+    EXPECT_EQ(SeedSampleData(home, &problem), 1);
+    EXPECT_EQ(folder.Read("home/settings/machine.ini"), "nonsense");
+    MachineSettings machine;
+    EXPECT_EQ(ReadMachineSettings(home, machine, nullptr), 0);
+    EXPECT_EQ(SeedSampleData(home, &problem), 1);
+    EXPECT_FALSE(fs::exists(home.MachineSettings()));
+    EXPECT_FALSE(fs::exists(home.Drives()));
+}
+
+TEST_F(Sample, HalfFilledHomeIsCompletedAndItsFilesStay) {
+    const fs::path kept =
+        folder.Write("home/drives/A/64x192.RGB16M.LED.Sign/Default.Lib/Mine.SQ4", "my sequence");
+    ASSERT_EQ(SeedSampleData(home, nullptr), 1);
+    EXPECT_EQ(folder.Read("home/drives/A/64x192.RGB16M.LED.Sign/Default.Lib/Mine.SQ4"),
+              "my sequence");
+    EXPECT_TRUE(fs::exists(home.Drives() / "A/64x192.RGB16M.LED.Sign/Events.Lib"));
+    EXPECT_TRUE(fs::exists(home.MachineSettings()));
+}
+
+TEST_F(Sample, FailureIsToldAndLeavesNoMachines) {
+    folder.Write("home/drives", "a file in place of the folder");
+    EXPECT_EQ(SeedSampleData(home, &problem), 0);
+    EXPECT_TRUE(problem.starts_with("The sample data couldn't be made: ")) << problem;
+    EXPECT_FALSE(fs::exists(home.MachineSettings()));
+    fs::remove(home.Drives());
+    EXPECT_EQ(SeedSampleData(home, &problem), 1);
+    EXPECT_TRUE(fs::exists(home.MachineSettings()));
+}
+
+TEST_F(Sample, HomeThatCantBeMade) {
+    folder.Write("home", "a file");
+    EXPECT_EQ(SeedSampleData(home, &problem), 0);
+    EXPECT_NE(problem, "");
+    EXPECT_EQ(SeedSampleData(home, nullptr), 0);
+    EXPECT_EQ(folder.Read("home"), "a file");
+}
+
+TEST_F(Sample, ProcessesThatSeedTogetherBothSucceed) {
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(SeedSampleData(home, nullptr) ? 0 : 1);
+    EXPECT_EQ(SeedSampleData(home, &problem), 1) << problem;
+    int status = 1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    MachineSettings machine;
+    EXPECT_EQ(ReadMachineSettings(home, machine, &problem), 1);
+    EXPECT_EQ(machine.services.size(), 3u);
+}
+
+}  // namespace
