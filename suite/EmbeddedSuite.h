@@ -28,9 +28,8 @@ class EmbeddedSuite {
  public:
     /// @param home    the data home; made if it doesn't exist.
     /// @param program the name of this program, for its profile and for others to see.
-    /// @param ui      questions and progress of file operations; must outlive the object. Null:
-    /// every
-    ///                question is answered No and nothing is shown.
+    /// @param ui      questions and progress of file operations; must outlive the object.
+    ///                Null: every question is answered No and nothing is shown.
     /// @param clock   the time; must outlive the object. Null: the system's.
     EmbeddedSuite(DataHome home, std::string program, FileOperationUi* ui = nullptr,
                   k4cmn::Clock* clock = nullptr);

@@ -1,5 +1,6 @@
 #include "k4cmndlg/frame/CDataExchange.h"
 
+#include <QButtonGroup>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -49,10 +50,16 @@ void SetFieldText(QLineEdit* edit, const QString& text) {
 
 /// Switches a radio button off, which one of a group refuses for itself.
 void SwitchOff(QRadioButton* button) {
-    const bool wasExclusive = button->autoExclusive();
+    QButtonGroup* group = button->group();
+    const bool groupWas = group && group->exclusive();
+    const bool buttonWas = button->autoExclusive();
+    if (group)
+        group->setExclusive(false);
     button->setAutoExclusive(false);
     button->setChecked(false);
-    button->setAutoExclusive(wasExclusive);
+    button->setAutoExclusive(buttonWas);
+    if (group)
+        group->setExclusive(groupWas);
 }
 
 QString Number(std::int32_t value) {

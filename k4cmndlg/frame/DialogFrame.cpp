@@ -14,9 +14,10 @@ namespace k4cmn {
 
 namespace {
 
+/// Whether the Tab key reaches a control now. A part that hands the focus on is none of its own.
 bool IsTabStop(const QWidget* control, const QWidget* dialog) {
-    return (control->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && control->isEnabled() &&
-           control->isVisibleTo(dialog) && control->window() == dialog;
+    return (control->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && !control->focusProxy() &&
+           control->isEnabled() && control->isVisibleTo(dialog) && control->window() == dialog;
 }
 
 /// The control behind another one: its buddy, else the next in tab order; null if there is none.

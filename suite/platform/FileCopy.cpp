@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -81,22 +82,32 @@ class Unfinished {
     bool m_isThere;
 };
 
-/// Where the next byte that isn't in a hole lies, from `at` on.
-off_t SkipHole(int file, off_t at, off_t size) {
+/// A stretch of a file without holes.
+struct Stretch {
+    off_t begin;
+    off_t end;
+};
+
+/// The next stretch from `at` on; behind the size, and where holes can't be told, all that follows.
+Stretch NextStretch(int file, off_t at, off_t size) {
+    constexpr off_t kAll = std::numeric_limits<off_t>::max();
     if (at >= size)
-        return at;
+        return {at, kAll};
     const off_t data = lseek(file, at, SEEK_DATA);
-    if (data >= 0)
-        return data;
-    return errno == ENXIO ? size : at;  // ENXIO: a hole up to the end; others: it can't be told
+    if (data < 0)
+        return {errno == ENXIO ? size : at, kAll};  // ENXIO: nothing but a hole up to the end
+    const off_t hole = lseek(file, data, SEEK_HOLE);
+    return {data, hole > data ? hole : kAll};
 }
 
 int CopyBytes(int from, int to, off_t size, const CopyProgress& progress) {
     std::vector<char> piece(kPiece);
     off_t at = 0;
     while (true) {
-        at = SkipHole(from, at, size);
-        const ssize_t got = pread(from, piece.data(), piece.size(), at);
+        const Stretch next = NextStretch(from, at, size);
+        at = next.begin;
+        const auto length = std::min<off_t>(kPiece, next.end - at);
+        const ssize_t got = pread(from, piece.data(), static_cast<std::size_t>(length), at);
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0)

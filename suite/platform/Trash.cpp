@@ -10,8 +10,6 @@
 #include <filesystem>
 #include <utility>
 
-#include "suite/platform/TrashFolder.h"
-
 namespace k4suite {
 
 namespace fs = std::filesystem;
@@ -64,9 +62,12 @@ Trash::Result Trash::Move(const std::string& path) const {
         return {Outcome::Failed, errno};
 
     int error = 0;
-    for (const TrashFolder& place : PlacesFor(folder, error)) {
+    for (const Place& place : PlacesFor(folder)) {
+        error = place.trash.Prepare(place.makesParents);
+        if (error)
+            continue;
         bool itsFault = false;
-        error = place.Take((fs::path(folder) / name).string(), itsFault);
+        error = place.trash.Take((fs::path(folder) / name).string(), itsFault);
         if (!error)
             return {Outcome::Moved, 0};
         if (itsFault)
@@ -75,25 +76,18 @@ Trash::Result Trash::Move(const std::string& path) const {
     return {Outcome::NoPlace, error};
 }
 
-std::vector<TrashFolder> Trash::PlacesFor(const std::string& folder, int& error) const {
+std::vector<Trash::Place> Trash::PlacesFor(const std::string& folder) const {
     const std::string home = HomeTrash();
     const std::string top = m_topFolderOf(folder);
-    std::vector<TrashFolder> places;
-    const auto offer = [&](const TrashFolder& place, bool parents) {
-        error = place.Prepare(parents);
-        if (!error)
-            places.push_back(place);
-    };
+    if (top.empty() || top == m_topFolderOf(NearestExisting(home)))
+        return {{TrashFolder(home), true}};
 
-    if (top.empty() || top == m_topFolderOf(NearestExisting(home))) {
-        offer(TrashFolder(home), true);
-        return places;
-    }
+    std::vector<Place> places;
     const std::string user = std::to_string(geteuid());
     const std::string shared = fs::path(top) / ".Trash";
     if (IsSharedTrash(shared))
-        offer(TrashFolder(shared + "/" + user, top), false);
-    offer(TrashFolder(shared + "-" + user, top), false);
+        places.push_back({TrashFolder(shared + "/" + user, top), false});
+    places.push_back({TrashFolder(shared + "-" + user, top), false});
     return places;
 }
 

@@ -4,10 +4,9 @@
 #include <vector>
 
 #include "suite/platform/FileSystem.h"
+#include "suite/platform/TrashFolder.h"
 
 namespace k4suite {
-
-class TrashFolder;
 
 /// The trash that the desktop shows: for what lies in the mount of the user's home, the trash in
 /// the user's data folder ($XDG_DATA_HOME, else ~/.local/share); for anything else, a trash at the
@@ -37,7 +36,13 @@ class Trash {
     static std::string HomeTrash();
 
  private:
-    std::vector<TrashFolder> PlacesFor(const std::string& folder, int& error) const;
+    struct Place {
+        TrashFolder trash;
+        bool makesParents;
+    };
+
+    /// The trashes for what lies in a folder, the preferred one first.
+    std::vector<Place> PlacesFor(const std::string& folder) const;
 
     TopFolderOf m_topFolderOf;
 };

@@ -90,14 +90,16 @@ std::string FolderFiles::GetFullPath(const std::string& path, const std::string&
     if (path.empty() || IsAbsoluteStorePath(path))
         return path;
     const std::size_t root = StoreRootLength(referrer);
-    const std::size_t folderEnd = referrer.find_last_of("\\/");
-    const char separator = folderEnd == std::string::npos ? '\\' : referrer[folderEnd];
-    std::string full;
-    if (path.front() == '\\')
-        full = referrer.substr(0, root);
-    else if (folderEnd != std::string::npos)
-        full = referrer.substr(0, std::max(root, folderEnd));
-    return JoinStorePath(std::move(full), root, path, separator);
+    const std::size_t lastSeparator = referrer.find_last_of("\\/");
+    const bool hasFolder = lastSeparator != std::string::npos;
+    const std::size_t folderEnd = hasFolder && path.front() != '\\' ? lastSeparator : 0;
+    const char separator = hasFolder ? referrer[lastSeparator] : '\\';
+    std::string full =
+        JoinStorePath(referrer.substr(0, std::max(root, folderEnd)), root, path, separator);
+    // The root of a native referrer is the separator itself.
+    if (referrer.starts_with('/') && !full.starts_with('/'))
+        full.insert(0, "/");
+    return full;
 }
 
 int FolderFiles::FindFiles(std::vector<std::string>& names, const std::string& pattern,

@@ -53,7 +53,7 @@ std::string JoinStorePath(std::string folder, std::size_t rootLength, std::strin
             continue;
         if (component != "..") {
             // A relative folder of no text has nothing to be separated from.
-            if (!folder.empty() || separator == '/')
+            if (!folder.empty())
                 folder += separator;
             folder += component;
             continue;

@@ -118,6 +118,8 @@ void FileOperationDialogs::OpenProgress(const std::string& title) {
     m_progress->setAutoClose(false);
     m_progress->setAutoReset(false);
     m_progress->setRange(0, kSteps);
+    // The dialog's own Escape key works through a shortcut, which a window without the focus lacks.
+    QObject::connect(m_progress, &QDialog::rejected, m_progress, &QProgressDialog::cancel);
     m_label = new QLabel(m_progress);
     m_label->setTextFormat(Qt::PlainText);
     m_progress->setLabel(m_label);

@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kWidth = 320;
 constexpr int kGap = 2;
+constexpr int kEdge = 4;  // kept free at the edges of the screen
 
 }  // namespace
 
@@ -51,7 +52,9 @@ HelpPopup::HelpPopup(QWidget* control, const QString& markdown)
 void HelpPopup::PlaceAt(const QRect& control) {
     adjustSize();
     const QScreen* screen = QGuiApplication::screenAt(control.center());
-    const QRect room = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    const QRect room = (screen ? screen : QGuiApplication::primaryScreen())
+                           ->availableGeometry()
+                           .adjusted(kEdge, kEdge, -kEdge, -kEdge);
     QPoint place(control.left(), control.bottom() + kGap);
     if (place.y() + height() > room.bottom())
         place.setY(control.top() - kGap - height());

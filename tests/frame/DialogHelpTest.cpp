@@ -1,11 +1,9 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
-#include <QContextMenuEvent>
-#include <QHelpEvent>
-#include <QSpinBox>
 #include <QTest>
 #include <QWhatsThis>
+#include <QWindow>
 
 #include "tests/frame/FrameProbe.h"
 #include "tests/support/ModalDriver.h"
@@ -53,11 +51,12 @@ class DialogHelp : public testing::Test {
         QWhatsThis::enterWhatsThisMode();
         QTest::mouseClick(control, Qt::LeftButton);
     }
-    /// A right click, as the platform hands it to the window.
+    /// A right click, as the platform hands it to the window. On a window, at its margin.
     void RightClick(QWidget* control) {
-        const QPoint inside = control->rect().center();
-        QContextMenuEvent event(QContextMenuEvent::Mouse, inside, control->mapToGlobal(inside));
-        QApplication::sendEvent(control, &event);
+        QWidget* window = control->window();
+        const QPoint place =
+            control == window ? QPoint(1, 1) : control->mapTo(window, control->rect().center());
+        QTest::mouseClick(window->windowHandle(), Qt::RightButton, {}, place);
     }
 
     RecordingHelpSystem m_help;
@@ -244,9 +243,9 @@ TYPED_TEST(DialogHelp, RightClickShowsTheControlsTopic) {
     EXPECT_THAT(this->m_help.calls, ElementsAre(this->Call(this->m_dialog.m_field, kPopup, 5)));
 }
 
-TYPED_TEST(DialogHelp, RightMouseButtonAsksOnce) {
+TYPED_TEST(DialogHelp, RightClickOnAControlWithoutAnIdShowsTheDialogsHelp) {
     this->m_dialog.EnableRightClickHelp(1);
-    QTest::mouseClick(this->m_dialog.m_plain, Qt::RightButton);
+    this->RightClick(this->m_dialog.m_plain);
     EXPECT_THAT(this->m_help.calls, ElementsAre(this->OfDialog()));
 }
 
@@ -288,6 +287,7 @@ TYPED_TEST(DialogHelp, AnotherWindowsRequestsAreItsOwn) {
     QLineEdit other;
     other.setContextMenuPolicy(Qt::PreventContextMenu);
     other.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&other));
     QTest::keyClick(&other, Qt::Key_F1);
     this->RightClick(&other);
     EXPECT_THAT(this->m_help.calls, IsEmpty());
@@ -319,13 +319,12 @@ TEST(DialogContextMenu, DialogIsAskedOnceForAClickThatItLeavesToThePlatform) {
     PassingDialog dialog;
     dialog.Create();
     dialog.show();
-    for (int click = 1; click <= 2; ++click) {
-        const QPoint inside = dialog.m_plain->rect().center();
-        QContextMenuEvent event(QContextMenuEvent::Mouse, inside,
-                                dialog.m_plain->mapToGlobal(inside));
-        QApplication::sendEvent(dialog.m_plain, &event);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    const QPoint place = dialog.m_plain->mapTo(&dialog, dialog.m_plain->rect().center());
+    for (std::size_t click = 1; click <= 2; ++click) {
+        QTest::mouseClick(dialog.windowHandle(), Qt::RightButton, {}, place);
         QCoreApplication::processEvents();
-        EXPECT_EQ(dialog.asked.size(), static_cast<std::size_t>(click));
+        EXPECT_EQ(dialog.asked.size(), click);
     }
     EXPECT_EQ(dialog.asked.front(), dialog.m_plain);
     dialog.DestroyWindow();

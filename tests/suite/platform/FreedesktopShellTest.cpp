@@ -261,7 +261,6 @@ class DefaultPrograms : public ShellTest {
 
     ScopedEnvironment config{"XDG_CONFIG_HOME", (folder / "config").string()};
     ScopedEnvironment configs{"XDG_CONFIG_DIRS", (folder / "none").string()};
-    ScopedEnvironment shared{"XDG_DATA_DIRS", (folder / "none").string()};
     ScopedEnvironment desktop{"XDG_CURRENT_DESKTOP", nullptr};
 };
 
@@ -279,6 +278,7 @@ TEST_F(DefaultPrograms, MayLieInAFolderOfTheirVendor) {
 }
 
 TEST_F(DefaultPrograms, ThatArentThereGiveNothing) {
+    MakeProgram("xdg-mime", "exit 0\n");
     EXPECT_EQ(shell.OpenCommand(".htm"), "") << "no default";
     EXPECT_EQ(shell.OpenCommand(""), "");
     EXPECT_EQ(shell.OpenCommand(".k4-nobody-knows"), "");

@@ -101,7 +101,7 @@ TEST_P(RegistryName, KeepsKeysAndValuesApart) {
     const std::string& name = GetParam().name;
     CK4Registry registry;
     ASSERT_EQ(registry.CreateUserRegistryKey("keys", name), 1);
-    ASSERT_EQ(registry.SetRegistryString(name, "text of " + name), 1);
+    ASSERT_EQ(registry.SetRegistryString(name, "text of the value"), 1);
     const std::uint32_t number = 77;
     ASSERT_EQ(registry.SetRegistryDword(name + "2", &number), 1);
 
@@ -110,7 +110,7 @@ TEST_P(RegistryName, KeepsKeysAndValuesApart) {
     ASSERT_EQ(registry.OpenUserRegistryKey("keys", name), 1);
     std::string text;
     EXPECT_EQ(registry.GetRegistryString(name, &text), 1);
-    EXPECT_EQ(text, "text of " + name);
+    EXPECT_EQ(text, "text of the value");
     std::uint32_t read = 0;
     EXPECT_EQ(registry.GetRegistryDword(name + "2", &read), 1);
     EXPECT_EQ(read, 77u);

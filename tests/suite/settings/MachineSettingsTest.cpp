@@ -12,7 +12,7 @@ using k4suite::MachineSettings;
 using k4suite::SignSetup;
 using Texts = std::vector<std::string>;
 
-class Machine : public testing::Test {
+class MachineFile : public testing::Test {
  protected:
     /// Reads the machine's part from a content.
     int Read(const std::string& content) {
@@ -43,7 +43,7 @@ void ExpectSame(const SignSetup& one, const SignSetup& other) {
     EXPECT_EQ(one.settings.orientation, other.settings.orientation);
 }
 
-TEST_F(Machine, WhatIsWrittenIsReadBack) {
+TEST_F(MachineFile, WhatIsWrittenIsReadBack) {
     MachineSettings written;
     written.services.push_back({"Local", "", {"A:", "\\\\STORE\\SIGNS", "/srv/store, new"}, {}});
     written.services.push_back({"Gr\u00fcn/Tor", "Line 1", {}, {}});
@@ -70,7 +70,7 @@ TEST_F(Machine, WhatIsWrittenIsReadBack) {
     }
 }
 
-TEST_F(Machine, WritingReplacesTheWholeContent) {
+TEST_F(MachineFile, WritingReplacesTheWholeContent) {
     MachineSettings two;
     two.services = {{"Local", "", {"A:"}, {}}, {"North", "", {}, {}}};
     ASSERT_EQ(WriteMachineSettings(home, two), 1);
@@ -81,7 +81,7 @@ TEST_F(Machine, WritingReplacesTheWholeContent) {
     EXPECT_EQ(folder.Read("settings/machine.ini"), "[Service1]\nName=Local\nServer1=A:\n");
 }
 
-TEST_F(Machine, HandWrittenFileWithGapsIsReadInTheOrderOfItsNumbers) {
+TEST_F(MachineFile, HandWrittenFileWithGapsIsReadInTheOrderOfItsNumbers) {
     EXPECT_EQ(Read("[Service10]\nName=Ten\n[Service2]\nName=Two\nServer3=C:\nServer1=A:\n"
                    "Server01=no\nServerX=no\n"
                    "Sign5\\Name=Five\nSign5\\Rows=16\nSign5\\Columns=48\nSign5\\Color=tri3\n"
@@ -102,7 +102,7 @@ TEST_F(Machine, HandWrittenFileWithGapsIsReadInTheOrderOfItsNumbers) {
     EXPECT_EQ(machine.services[1].name, "Ten");
 }
 
-TEST_F(Machine, FurtherSettingsHold32Entries) {
+TEST_F(MachineFile, FurtherSettingsHold32Entries) {
     std::string lines =
         "Sign1\\Name=s\nSign1\\Rows=8\nSign1\\Columns=16\nSign1\\Color=0\n"
         "Sign1\\Pixel=3\n";
@@ -122,7 +122,7 @@ struct BadSignCase {
     const char* problem;
 };
 
-class BadSign : public Machine, public testing::WithParamInterface<BadSignCase> {};
+class BadSign : public MachineFile, public testing::WithParamInterface<BadSignCase> {};
 
 TEST_P(BadSign, IsLeftOutAndToldAbout) {
     EXPECT_FALSE(TakesSign(GetParam().lines));
@@ -164,7 +164,7 @@ INSTANTIATE_TEST_SUITE_P(
             "Sign 1 (\"s\") of the service \"Local\" is left out. Invalid number of rows."}),
     [](const auto& testCase) { return std::string(testCase.param.what); });
 
-TEST_F(Machine, SecondSignOfAServiceWithTheSameNameIsLeftOut) {
+TEST_F(MachineFile, SecondSignOfAServiceWithTheSameNameIsLeftOut) {
     std::string lines;
     for (const char* number : {"1", "2"})
         lines += std::string("Sign") + number + "\\Name=" + (*number == '1' ? "S" : "s") +
@@ -176,14 +176,14 @@ TEST_F(Machine, SecondSignOfAServiceWithTheSameNameIsLeftOut) {
               "Sign 2 (\"s\") of the service \"Local\" is left out. Another sign has its name.");
 }
 
-TEST_F(Machine, ServiceWithoutANameIsLeftOut) {
+TEST_F(MachineFile, ServiceWithoutANameIsLeftOut) {
     EXPECT_EQ(Read("[Service1]\nServer1=A:\n[Service2]\nName=North\n"), 1);
     ASSERT_EQ(machine.services.size(), 1u);
     EXPECT_EQ(machine.services[0].name, "North");
     EXPECT_EQ(problem, "Service 1 is left out. It has no name.");
 }
 
-TEST_F(Machine, WithoutAFileThereIsNothingToTell) {
+TEST_F(MachineFile, WithoutAFileThereIsNothingToTell) {
     machine.services.push_back({"kept", "", {}, {}});
     EXPECT_EQ(ReadMachineSettings(home, machine, &problem), 0);
     EXPECT_EQ(problem, "");
@@ -191,7 +191,7 @@ TEST_F(Machine, WithoutAFileThereIsNothingToTell) {
     EXPECT_FALSE(fs::exists(folder / "settings"));
 }
 
-TEST_F(Machine, DamagedFileIsSetAsideAndToldAboutAtEachStart) {
+TEST_F(MachineFile, DamagedFileIsSetAsideAndToldAboutAtEachStart) {
     const std::string path = home.MachineSettings().string();
     machine.services.push_back({"kept", "", {}, {}});
     EXPECT_EQ(Read("[Service1]\nName=Local\nnonsense"), 0);
@@ -204,14 +204,14 @@ TEST_F(Machine, DamagedFileIsSetAsideAndToldAboutAtEachStart) {
     EXPECT_EQ(ReadMachineSettings(home, machine, nullptr), 0);
 }
 
-TEST_F(Machine, FileThatCantBeRead) {
+TEST_F(MachineFile, FileThatCantBeRead) {
     fs::create_directories(home.MachineSettings());
     EXPECT_EQ(ReadMachineSettings(home, machine, &problem), 0);
     EXPECT_EQ(problem, home.MachineSettings().string() + " can't be read.");
     EXPECT_EQ(WriteMachineSettings(home, machine), 0);
 }
 
-TEST_F(Machine, TextsThatAreNotUtf8AreNotWritten) {
+TEST_F(MachineFile, TextsThatAreNotUtf8AreNotWritten) {
     const SignSetup good{"s", {8, 16, K4_SIGN_COLOR_MONO1, K4_PIXEL_TECH_LED, {}, {}, {}}};
     SignSetup badName = good;
     badName.name = "\xff";
@@ -230,7 +230,7 @@ TEST_F(Machine, TextsThatAreNotUtf8AreNotWritten) {
     EXPECT_FALSE(fs::exists(home.MachineSettings()));
 }
 
-TEST_F(Machine, FindsAServiceInAnyCase) {
+TEST_F(MachineFile, FindsAServiceInAnyCase) {
     machine.services = {{"Local", "", {"A:"}, {}}, {"North Tower", "", {}, {}}};
     ASSERT_NE(machine.Find("NORTH tower"), nullptr);
     EXPECT_EQ(machine.Find("NORTH tower")->name, "North Tower");
@@ -239,7 +239,7 @@ TEST_F(Machine, FindsAServiceInAnyCase) {
     EXPECT_EQ(machine.Find(""), nullptr);
 }
 
-TEST_F(Machine, ContentsOfAnyKindDoNoHarm) {
+TEST_F(MachineFile, ContentsOfAnyKindDoNoHarm) {
     std::uint32_t random = 12345;
     for (int round = 0; round < 200; ++round) {
         std::string content;

@@ -83,7 +83,7 @@ TEST(BuiltInHelpPages, EachTopicHasAPlaceOfItsOwnAndIsInTheContents) {
         EXPECT_TRUE(links.insert(link).second) << link;
         EXPECT_NE(contents.find("[" + topic.title + "](" + link + ")"), std::string::npos) << link;
     }
-    EXPECT_GE(links.size(), 20u);
+    EXPECT_EQ(links.size(), 19u);
 }
 
 TEST(HelpIndex, WhatIsWrongIsToldAndTheRestIsUsed) {
@@ -98,7 +98,7 @@ TEST(HelpIndex, WhatIsWrongIsToldAndTheRestIsUsed) {
     const HelpTopics topics((folder / "index.txt").string());
 
     ASSERT_NE(topics.Find(0x1020001), nullptr);
-    EXPECT_EQ(topics.Find(0x1020001)->FirstParagraph(), "intro\n");
+    EXPECT_EQ(topics.Find(0x1020001)->FirstParagraph(), "intro");
     ASSERT_NE(topics.Find(0x1010006), nullptr);
     EXPECT_EQ(topics.Find(0x1010006)->FirstParagraph(), "first\nline");
     EXPECT_EQ(topics.Find(0x1010008), nullptr);
