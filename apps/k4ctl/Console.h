@@ -11,7 +11,8 @@ namespace k4ctl {
 void WriteError(const std::string& words, std::ostream& err);
 
 /// Writes an answer: for people its text, for machines one JSON document, on `out`; what failed on
-/// `err`. An answer that can't be written is a failure of its own.
+/// `err`. An answer that can't be written is a failure of its own, and a silent one where the
+/// reader went away.
 /// @return how the program ends.
 ExitCode WriteAnswer(const Answer& answer, bool json, std::ostream& out, std::ostream& err);
 

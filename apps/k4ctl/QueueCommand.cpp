@@ -129,7 +129,7 @@ void QueueCommand::Show(CK4CmnSS& client, Answer& answer) const {
         table.Add(std::move(cells));
         queue.append(ToJson(entry));
     }
-    if (entries.empty()) {
+    if (table.IsEmpty()) {
         answer.Say("The queue is empty.");
     } else {
         answer.Say(table);

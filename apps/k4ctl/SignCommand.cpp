@@ -1,32 +1,10 @@
 #include "apps/k4ctl/SignCommand.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <vector>
 
-#include "apps/k4ctl/Names.h"
-#include "k4cmndlg/filestore/contracts/CK4Registry.h"
+#include "apps/k4ctl/Services.h"
 
 namespace k4ctl {
-namespace {
-
-/// Words that help with a mistyped name: empty where the name is one of the configured ones.
-std::string ConfiguredInstead(const std::string& service) {
-    std::vector<std::string> services;
-    if (!CK4Registry::GetRegistryServices(services) || services.empty() ||
-        std::any_of(services.begin(), services.end(),
-                    [&](const std::string& each) { return SameWord(each, service); })) {
-        return {};
-    }
-    std::string names;
-    for (const std::string& each : services) {
-        names += (names.empty() ? "" : ", ") + each;
-    }
-    return "no service is named \"" + service + "\"; the configured ones are " + names;
-}
-
-}  // namespace
-
 void SignCommand::AddFurtherArguments(CLI::App&) {}
 
 void SignCommand::AddArguments(CLI::App& app) {

@@ -3,9 +3,9 @@
 #include <CLI/CLI.hpp>
 #include <QJsonArray>
 
+#include "apps/k4ctl/Services.h"
 #include "apps/k4ctl/SignConfig.h"
 #include "k4cmndlg/clients/CK4CmnSS.h"
-#include "k4cmndlg/filestore/contracts/CK4Registry.h"
 
 namespace k4ctl {
 
@@ -21,6 +21,9 @@ class SignsCommand::Listing {
         const k4cmn::CriticalSectionLock lock(CK4CmnSS::m_cs);
         if (!client.ConnectService(service)) {
             Fail(ExitCode::Unavailable, service, {}, client.GetLastError());
+            if (const std::string hint = ConfiguredInstead(service); !hint.empty()) {
+                m_answer.words.push_back(hint);
+            }
             return;
         }
         std::vector<std::string> signs;
@@ -34,7 +37,11 @@ class SignsCommand::Listing {
     }
 
     Answer Finished() {
-        m_answer.Say(m_table);
+        if (!m_table.IsEmpty()) {
+            m_answer.Say(m_table);
+        } else if (m_failures.isEmpty()) {
+            m_answer.Say("There are no signs.");
+        }
         m_answer.json.insert(QStringLiteral("signs"), m_signs);
         m_answer.json.insert(QStringLiteral("failures"), m_failures);
         return m_answer;
@@ -102,7 +109,7 @@ Answer SignsCommand::Run() const {
         return listing.Finished();
     }
     std::vector<std::string> services;
-    if (!CK4Registry::GetRegistryServices(services)) {
+    if (!ConfiguredServices(services)) {
         Answer answer;
         answer.Fail(ExitCode::Refused, "the configured services can't be read");
         return answer;

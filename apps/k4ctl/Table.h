@@ -21,6 +21,9 @@ class Table {
     /// Adds a row. Missing cells are empty, and cells beyond the columns are dropped.
     void Add(std::vector<std::string> cells);
 
+    /// Whether it has no row.
+    bool IsEmpty() const { return m_rows.empty(); }
+
     /// The whole table: columns two blanks apart, a newline behind each line, no blanks before it.
     std::string Text() const;
 

@@ -144,8 +144,7 @@ void CDialog::reject() {
 }
 
 bool CDialog::event(QEvent* event) {
-    if (event->type() == k4cmn::WindowMessage::Type()) {
-        auto* message = static_cast<k4cmn::WindowMessage*>(event);
+    if (k4cmn::WindowMessage* message = k4cmn::WindowMessage::From(event)) {
         message->result = OnWindowMessage(message->number, message->wParam, message->lParam);
         return true;
     }

@@ -20,6 +20,14 @@ bool IsTabStop(const QWidget* control, const QWidget* dialog) {
            control->isEnabled() && control->isVisibleTo(dialog) && control->window() == dialog;
 }
 
+/// The F1 key, a click with the question mark tool, a right click.
+bool IsHelpRequest(const QEvent& event) {
+    if (event.type() != QEvent::KeyPress)
+        return event.type() == QEvent::WhatsThis || event.type() == QEvent::ContextMenu;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return key.key() == Qt::Key_F1 && key.modifiers() == Qt::NoModifier;
+}
+
 /// The control behind another one: its buddy, else the next in tab order; null if there is none.
 QWidget* NextInTabOrder(QWidget* control, const QWidget* dialog) {
     if (const auto* label = qobject_cast<QLabel*>(control)) {
@@ -126,64 +134,41 @@ QWidget* DialogFrame::ControlAround(QWidget* part) {
     return control && control != this ? control : part;
 }
 
-bool DialogFrame::AskHelp(QWidget* control) {
+bool DialogFrame::Ask(QWidget* control, QEvent* event) {
     QWidget* asked = ControlAround(control);
+    if (event->type() == QEvent::ContextMenu)
+        return OnContextMenu(asked, static_cast<QContextMenuEvent*>(event)->globalPos()) != 0;
     HelpRequest request{asked, GetWindowContextHelpId(asked), true};
-    return OnHelpInfo(&request) != 0;
+    const bool handled = OnHelpInfo(&request) != 0;
+    if (handled && event->type() == QEvent::WhatsThis)
+        QWhatsThis::leaveWhatsThisMode();
+    return handled;
 }
 
-bool DialogFrame::AskContextMenu(QWidget* control, const QPoint& point) {
-    return OnContextMenu(ControlAround(control), point) != 0;
-}
-
-bool DialogFrame::IsOwn(const QObject* watched) const {
-    if (!watched->isWidgetType())
-        return false;
-    return static_cast<const QWidget*>(watched)->window() == this;
-}
-
-bool DialogFrame::eventFilter(QObject* watched, QEvent* event) {
-    bool handled = false;
-    switch (event->type()) {
-        case QEvent::KeyPress: {
-            const auto& key = static_cast<const QKeyEvent&>(*event);
-            if (key.key() != Qt::Key_F1 || key.modifiers() != Qt::NoModifier || m_passedOn ||
-                !IsOwn(watched))
-                return false;
-            handled = AskHelp(static_cast<QWidget*>(watched));
-            break;
-        }
-        case QEvent::WhatsThis:
-            if (m_passedOn || !IsOwn(watched))
-                return false;
-            handled = AskHelp(static_cast<QWidget*>(watched));
-            if (handled)
-                QWhatsThis::leaveWhatsThisMode();
-            break;
-        case QEvent::QueryWhatsThis:
-            if (!IsOwn(watched))
-                return false;
-            event->accept();  // everything in the dialog has help, if only that of the dialog
-            return true;
-        case QEvent::ContextMenu:
-            if (m_passedOn || !IsOwn(watched))
-                return false;
-            handled = AskContextMenu(static_cast<QWidget*>(watched),
-                                     static_cast<QContextMenuEvent*>(event)->globalPos());
-            break;
-        default:
-            return false;
-    }
-    if (handled) {
-        event->accept();
-        return true;
-    }
+void DialogFrame::PassOn() {
     // The platform now offers the same event to the control and its parents, one by one. They have
     // been asked for already.
     m_passedOn = true;
     QMetaObject::invokeMethod(
         this, [this] { m_passedOn = false; }, Qt::QueuedConnection);
-    return false;
+}
+
+bool DialogFrame::eventFilter(QObject* watched, QEvent* event) {
+    const bool isQuery = event->type() == QEvent::QueryWhatsThis;
+    if (!isQuery && !IsHelpRequest(*event))
+        return false;
+    if (!watched->isWidgetType() || static_cast<QWidget*>(watched)->window() != this)
+        return false;
+    // Everything in the dialog has help, if only that of the dialog.
+    bool handled = isQuery;
+    if (!isQuery && !m_passedOn) {
+        handled = Ask(static_cast<QWidget*>(watched), event);
+        if (!handled)
+            PassOn();
+    }
+    if (handled)
+        event->accept();
+    return handled;
 }
 
 }  // namespace k4cmn

@@ -61,9 +61,8 @@ class K4CMNDLG_EXPORT DialogFrame : public CDialog {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-    bool IsOwn(const QObject* watched) const;
-    bool AskHelp(QWidget* control);
-    bool AskContextMenu(QWidget* control, const QPoint& point);
+    bool Ask(QWidget* control, QEvent* event);
+    void PassOn();
     QWidget* ControlAround(QWidget* part);
     void ShowPopup(QWidget* window, std::uint32_t contextId);
 

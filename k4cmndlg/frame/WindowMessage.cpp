@@ -3,10 +3,18 @@
 #include <QCoreApplication>
 #include <QThread>
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <mutex>
 
 namespace k4cmn {
+
+namespace {
+
+/// How often a waiting sender looks whether the target's thread is still there.
+constexpr std::chrono::milliseconds kThreadCheck{100};
+
+}  // namespace
 
 /// Where the sender on another thread waits.
 struct WindowMessage::Completion {
@@ -22,9 +30,13 @@ struct WindowMessage::Completion {
         changed.notify_all();
     }
 
-    std::intptr_t Wait() {
+    /// Waits for the answer, or for the thread that should give it to end: a thread that has ended
+    /// leaves its queue unread, with the message in it.
+    /// The thread is looked at under the lock, which its destruction takes too (by Complete).
+    std::intptr_t Wait(const QThread& thread) {
         std::unique_lock lock(guard);
-        changed.wait(lock, [this] { return done; });
+        while (!done && !thread.isFinished())
+            changed.wait_for(lock, kThreadCheck);
         return result;
     }
 };
@@ -55,8 +67,12 @@ WindowMessage::~WindowMessage() {
 
 QEvent::Type WindowMessage::Type() {
     static const auto type = static_cast<QEvent::Type>(QEvent::registerEventType());
-    static_cast<void>(handedOver.load(std::memory_order_acquire));
     return type;
+}
+
+WindowMessage* WindowMessage::From(QEvent* event) {
+    static_cast<void>(handedOver.load(std::memory_order_acquire));
+    return event->type() == Type() ? static_cast<WindowMessage*>(event) : nullptr;
 }
 
 std::intptr_t SendWindowMessage(QObject* target, std::uint32_t message, std::uintptr_t wParam,
@@ -70,15 +86,14 @@ std::intptr_t SendWindowMessage(QObject* target, std::uint32_t message, std::uin
     if (!thread || thread->isFinished())
         return 0;
     const auto completion = std::make_shared<WindowMessage::Completion>();
-    // A thread that ends leaves its queue unread, with the message in it.
-    const QMetaObject::Connection ending = QObject::connect(
-        thread, &QThread::finished, thread, [completion] { completion->Complete(0); },
+    const QMetaObject::Connection going = QObject::connect(
+        thread, &QObject::destroyed, thread, [completion] { completion->Complete(0); },
         Qt::DirectConnection);
     auto* queued = new WindowMessage(message, wParam, lParam);
     queued->m_completion = completion;
     HandOver(target, queued);
-    const std::intptr_t answer = completion->Wait();
-    QObject::disconnect(ending);
+    const std::intptr_t answer = completion->Wait(*thread);
+    QObject::disconnect(going);
     return answer;
 }
 

@@ -9,7 +9,7 @@
 namespace k4cmn {
 
 /// A window message: a number and two parameters, for one object of the toolkit.
-/// A dialog gets it in CDialog::OnWindowMessage; any other object handles the event type Type() and
+/// A dialog gets it in CDialog::OnWindowMessage; any other object asks From() in its event() and
 /// sets the result.
 class K4CMNDLG_EXPORT WindowMessage final : public QEvent {
  public:
@@ -17,6 +17,8 @@ class K4CMNDLG_EXPORT WindowMessage final : public QEvent {
     ~WindowMessage() override;
 
     static QEvent::Type Type();
+    /// The window message that an event is; null if it is any other event.
+    static WindowMessage* From(QEvent* event);
 
     const std::uint32_t number;
     const std::uintptr_t wParam;

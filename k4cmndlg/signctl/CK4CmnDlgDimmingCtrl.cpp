@@ -56,6 +56,7 @@ CK4CmnDlgDimmingCtrl::CK4CmnDlgDimmingCtrl(const std::string& service, const std
 CK4CmnDlgDimmingCtrl::~CK4CmnDlgDimmingCtrl() = default;
 
 int CK4CmnDlgDimmingCtrl::OnInitDialog() {
+    m_settings = {};
     CK4CmnDlgBase::OnInitDialog();
     m_apply = m_ui->apply;
     SetRange(m_ui->level, K4_DIM_LEVEL_MIN, K4_DIM_LEVEL_MAX, kLevelTicks);

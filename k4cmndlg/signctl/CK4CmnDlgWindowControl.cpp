@@ -98,6 +98,8 @@ int CK4CmnDlgWindowControl::OnInitDialog() {
 }
 
 bool CK4CmnDlgWindowControl::ReadWindows() {
+    m_placing = {};
+    m_signs.clear();
     const CriticalSectionLock lock(CK4CmnSS::m_cs, kLockWait);
     if (!lock.IsLocked()) {
         WindowPrompt(this).Ask(PlainMessage("Error getting window config. Sign service locked."));
@@ -112,7 +114,6 @@ bool CK4CmnDlgWindowControl::ReadWindows() {
     }
     client.GetSignConfig(m_sign, &m_placing.rows, &m_placing.columns, &m_placing.color, nullptr,
                          nullptr, nullptr, nullptr);
-    m_signs.clear();
     client.GetSignList(m_signs);
     std::uint32_t number = 0;
     for (WindowPlacing::Window& window : m_placing.windows) {

@@ -1,12 +1,13 @@
 #include "suite/settings/IniFile.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
+#include <QVariant>
 #include <algorithm>
 #include <atomic>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <utility>
 
 #include "suite/settings/FileLock.h"
@@ -30,16 +31,6 @@ fs::path BesideIt(const fs::path& path) {
     return path.string() + ".new-" + std::to_string(getpid()) + "-" + std::to_string(++counter);
 }
 
-/// Waits until the content of a file is on the disk.
-bool Flush(const fs::path& path) {
-    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (file < 0)
-        return false;
-    const bool done = fsync(file) == 0;
-    close(file);
-    return done;
-}
-
 bool WriteWhole(const fs::path& path, const std::string& bytes) {
     std::ofstream file(path, std::ios::binary);
     file << bytes;
@@ -54,6 +45,67 @@ bool IsUnderstood(const QSettings& settings) {
     return settings.status() == QSettings::NoError;
 }
 
+/// Every value of a file, as text.
+std::map<QString, QString> Contents(const QSettings& settings) {
+    std::map<QString, QString> contents;
+    for (const QString& key : settings.allKeys()) {
+        const QVariant value = settings.value(key);
+        contents[key] = value.typeId() == QMetaType::QStringList
+                            ? value.toStringList().join(QLatin1Char(','))
+                            : value.toString();
+    }
+    return contents;
+}
+
+enum class CopyState { Changed, Unchanged, Damaged, Failed };
+
+/// Makes a change in a file that the toolkit hasn't seen, and reads it back. The file gets another
+/// name by that: on a full disk the toolkit cuts a file short and calls it a success, and under the
+/// same name it would answer from its memory. What it writes lies on the disk when it is done.
+CopyState ChangeCopy(fs::path& copy, const std::function<void(QSettings&)>& change) {
+    std::map<QString, QString> wanted;
+    {
+        QSettings settings(Qt(copy), QSettings::IniFormat);
+        if (!IsUnderstood(settings))
+            return settings.status() == QSettings::FormatError ? CopyState::Damaged
+                                                               : CopyState::Failed;
+        const std::map<QString, QString> before = Contents(settings);
+        change(settings);
+        wanted = Contents(settings);
+        if (wanted == before)
+            return CopyState::Unchanged;
+        settings.sync();
+        if (settings.status() != QSettings::NoError)
+            return CopyState::Failed;
+    }
+    const fs::path again = copy.string() + "-again";
+    std::error_code failed;
+    fs::rename(copy, again, failed);
+    if (failed)
+        return CopyState::Failed;
+    copy = again;
+    const QSettings stored(Qt(copy), QSettings::IniFormat);
+    return IsUnderstood(stored) && Contents(stored) == wanted ? CopyState::Changed
+                                                              : CopyState::Failed;
+}
+
+/// Gives a file that takes another one's place the permissions of that one and a time of its own:
+/// the toolkit reads a file again only when its size or its time has changed, and the system's own
+/// times are coarser than two quick changes.
+bool DressAs(const fs::path& target, const fs::path& copy) {
+    std::error_code isNew;
+    std::error_code failed;
+    auto time = fs::file_time_type::clock::now();
+    const auto before = fs::last_write_time(target, isNew);
+    if (!isNew) {
+        time = std::max(time, before + std::chrono::milliseconds(2));
+        fs::permissions(copy, fs::status(target, failed).permissions(), failed);
+    }
+    if (!failed)
+        fs::last_write_time(copy, time, failed);
+    return !failed;
+}
+
 }  // namespace
 
 IniFile::IniFile(fs::path path) : m_path(std::move(path)) {}
@@ -62,10 +114,7 @@ int IniFile::Read(const std::function<void(QSettings&)>& reader) {
     const std::lock_guard guard(m_mutex);
     const std::optional<Stamp> stamp = StampNow();
     if (stamp && stamp != m_checked) {
-        std::string bytes;
-        Content content = Load(bytes);
-        if (content == Content::Text && !IsUnderstood(QSettings(Qt(m_path), QSettings::IniFormat)))
-            content = Content::Damaged;
+        const Content content = Check(*stamp);
         if (content == Content::Unreadable || (content == Content::Damaged && !SetAsideIfDamaged()))
             return 0;
         m_checked = content == Content::Text ? stamp : std::nullopt;
@@ -73,6 +122,22 @@ int IniFile::Read(const std::function<void(QSettings&)>& reader) {
     QSettings settings(Qt(m_path), QSettings::IniFormat);
     reader(settings);
     return 1;
+}
+
+IniFile::Content IniFile::Check(const Stamp& stamp) const {
+    // Of a damage that couldn't be set aside the toolkit doesn't tell a second time.
+    static std::mutex mutex;
+    static std::map<std::string, Stamp> damaged;
+    const std::lock_guard guard(mutex);
+    const auto known = damaged.find(m_path.string());
+    if (known != damaged.end() && known->second == stamp)
+        return Content::Damaged;
+    std::string bytes;
+    const Content content = Load(bytes);
+    if (content != Content::Text || IsUnderstood(QSettings(Qt(m_path), QSettings::IniFormat)))
+        return content;
+    damaged[m_path.string()] = stamp;
+    return Content::Damaged;
 }
 
 int IniFile::Update(const std::function<void(QSettings&)>& change) {
@@ -87,49 +152,36 @@ int IniFile::Update(const std::function<void(QSettings&)>& change) {
     const Content content = Load(bytes);
     if (content == Content::Unreadable || (content == Content::Damaged && !SetAside()))
         return 0;
-    bool isDamaged = false;
-    if (content == Content::Text) {
-        if (Replace(bytes, change, isDamaged))
-            return 1;
-        if (!isDamaged || !SetAside())
-            return 0;
-    }
-    return Replace({}, change, isDamaged);
+    if (content == Content::Damaged)
+        bytes.clear();
+    // A file that may not be written is not replaced by another one either.
+    if (content == Content::Text && access(m_path.c_str(), W_OK) != 0)
+        return 0;
+    Result result = Replace(bytes, change);
+    if (result == Result::Damaged && SetAside())
+        result = Replace({}, change);
+    return result == Result::Done ? 1 : 0;
 }
 
-int IniFile::Replace(const std::string& bytes, const std::function<void(QSettings&)>& change,
-                     bool& isDamaged) {
+IniFile::Result IniFile::Replace(const std::string& bytes,
+                                 const std::function<void(QSettings&)>& change) const {
     const fs::path target = Target();
-    const fs::path copy = BesideIt(target);
-    bool isDone = WriteWhole(copy, bytes);
-    if (isDone) {
-        QSettings settings(Qt(copy), QSettings::IniFormat);
-        isDone = IsUnderstood(settings);
-        isDamaged = settings.status() == QSettings::FormatError;
-        if (isDone) {
-            change(settings);
-            settings.sync();
-            isDone = settings.status() == QSettings::NoError;
-        }
-    }
+    fs::path copy = BesideIt(target);
+    CopyState state = CopyState::Failed;
     std::error_code failed;
-    if (isDone) {
-        // Each content gets a time of its own: the toolkit reads a file again only when its size or
-        // its time has changed, and the system's own times are coarser than two quick changes.
-        const auto before = fs::last_write_time(target, failed);
-        const auto now = fs::file_time_type::clock::now();
-        const auto time = failed ? now : std::max(now, before + std::chrono::milliseconds(2));
-        if (const fs::perms kept = fs::status(target, failed).permissions(); !failed)
-            fs::permissions(copy, kept, failed);
-        fs::last_write_time(copy, time, failed);
-        isDone = !failed && Flush(copy);
+    if (WriteWhole(copy, bytes))
+        state = ChangeCopy(copy, change);
+    if (state == CopyState::Changed) {
+        if (DressAs(target, copy))
+            fs::rename(copy, target, failed);
+        if (!failed && !fs::exists(copy, failed))
+            return Result::Done;
+        state = CopyState::Failed;
     }
-    if (isDone)
-        fs::rename(copy, target, failed);
-    if (isDone && !failed)
-        return 1;
     fs::remove(copy, failed);
-    return 0;
+    if (state == CopyState::Damaged)
+        return Result::Damaged;
+    return state == CopyState::Unchanged ? Result::Done : Result::Failed;
 }
 
 IniFile::Content IniFile::Load(std::string& bytes) const {
@@ -189,12 +241,13 @@ bool IniFile::SetAside() {
 
 std::optional<IniFile::Stamp> IniFile::StampNow() const {
     std::error_code failed;
+    const fs::file_type type = fs::status(m_path, failed).type();
+    if (type == fs::file_type::not_found)
+        return std::nullopt;
     Stamp stamp;
     stamp.time = fs::last_write_time(m_path, failed);
-    if (!failed)
-        stamp.size = fs::is_regular_file(m_path, failed) ? fs::file_size(m_path, failed) : 0;
-    if (fs::status(m_path, failed).type() == fs::file_type::not_found)
-        return std::nullopt;
+    if (type == fs::file_type::regular)
+        stamp.size = fs::file_size(m_path, failed);
     return stamp;
 }
 

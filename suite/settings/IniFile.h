@@ -38,6 +38,7 @@ class IniFile {
 
  private:
     enum class Content { Absent, Text, Damaged, Unreadable };
+    enum class Result { Done, Damaged, Failed };
     struct Stamp {
         std::filesystem::file_time_type time;
         std::uintmax_t size = 0;
@@ -45,13 +46,13 @@ class IniFile {
     };
 
     Content Load(std::string& bytes) const;
+    Content Check(const Stamp& stamp) const;
     std::optional<Stamp> StampNow() const;
     std::filesystem::path Target() const;
     std::filesystem::path LockPath() const;
     /// Both with the lock held.
     bool SetAside();
-    int Replace(const std::string& bytes, const std::function<void(QSettings&)>& change,
-                bool& isDamaged);
+    Result Replace(const std::string& bytes, const std::function<void(QSettings&)>& change) const;
     bool SetAsideIfDamaged();
     void Report(const std::string& problem);
 

@@ -11,6 +11,7 @@ namespace k4suite {
 HelpBrowser::HelpBrowser(const HelpTopics& topics, QWidget* parent)
     : QTextBrowser(parent), m_topics(topics) {
     setAccessibleName(tr("Help text"));
+    document()->setDocumentMargin(10);
 }
 
 QVariant HelpBrowser::loadResource(int type, const QUrl& name) {

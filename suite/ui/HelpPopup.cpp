@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QScreen>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -31,6 +32,7 @@ HelpPopup::HelpPopup(QWidget* control, const QString& markdown)
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(QStringLiteral("helpPopup"));
     setFrameShape(QFrame::Box);
+    setPalette(QToolTip::palette());
     setBackgroundRole(QPalette::ToolTipBase);
     setForegroundRole(QPalette::ToolTipText);
     setFocusPolicy(Qt::StrongFocus);
@@ -40,6 +42,8 @@ HelpPopup::HelpPopup(QWidget* control, const QString& markdown)
     label->setText(markdown);
     label->setWordWrap(true);
     label->setForegroundRole(QPalette::ToolTipText);
+    // As wide as it may be before it wraps: a label left to itself would rather be square.
+    label->setMinimumWidth(std::min(kWidth, label->fontMetrics().horizontalAdvance(markdown)));
     label->setMaximumWidth(kWidth);
     setAccessibleName(tr("Help"));
     setAccessibleDescription(markdown);

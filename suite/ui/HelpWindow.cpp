@@ -1,6 +1,5 @@
 #include "suite/ui/HelpWindow.h"
 
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -42,7 +41,7 @@ HelpWindow::HelpWindow(const HelpTopics& topics)
       m_tree(new QTreeWidget),
       m_nothing(new QLabel(tr("No topic has this in it."))),
       m_browser(new HelpBrowser(topics)) {
-    setWindowTitle(tr("Help - %1").arg(QGuiApplication::applicationDisplayName()));
+    setWindowTitle(tr("Help"));
     setAttribute(Qt::WA_QuitOnClose, false);  // help left open doesn't keep a program running
     resize(760, 520);
 

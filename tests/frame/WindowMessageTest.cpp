@@ -30,9 +30,9 @@ class Receiver : public QObject {
     Qt::HANDLE thread = nullptr;
 
     bool event(QEvent* event) override {
-        if (event->type() != WindowMessage::Type())
+        WindowMessage* message = WindowMessage::From(event);
+        if (!message)
             return QObject::event(event);
-        auto* message = static_cast<WindowMessage*>(event);
         numbers.push_back(message->number);
         thread = QThread::currentThreadId();
         message->result = static_cast<std::intptr_t>(message->wParam) + message->lParam;
@@ -40,11 +40,14 @@ class Receiver : public QObject {
     }
 };
 
+/// Something has been put into the queue of an IdleDispatcher.
+std::atomic<bool> queued{false};
+
 /// A dispatcher that handles nothing and tells when something has been put into the queue.
 class IdleDispatcher : public QAbstractEventDispatcher {
  public:
-    explicit IdleDispatcher(std::atomic<bool>& queued) : m_queued(queued) {}
-    void wakeUp() override { m_queued = true; }
+    IdleDispatcher() { queued = false; }
+    void wakeUp() override { queued = true; }
 
     bool processEvents(QEventLoop::ProcessEventsFlags) override { return false; }
     void registerSocketNotifier(QSocketNotifier*) override {}
@@ -55,24 +58,15 @@ class IdleDispatcher : public QAbstractEventDispatcher {
     QList<TimerInfo> registeredTimers(QObject*) const override { return {}; }
     int remainingTime(int) override { return -1; }
     void interrupt() override {}
-
- private:
-    std::atomic<bool>& m_queued;
 };
 
 /// A thread that is inside of something until a message waits for it, and then ends.
 class BusyThread : public QThread {
- public:
-    explicit BusyThread(const std::atomic<bool>& queued) : m_queued(queued) {}
-
  protected:
     void run() override {
-        while (!m_queued)
+        while (!queued)
             std::this_thread::yield();
     }
-
- private:
-    const std::atomic<bool>& m_queued;
 };
 
 /// Waits for a thread of the test while the messages of this thread are handled.
@@ -181,8 +175,7 @@ TEST(WindowMessage, ManyThreadsEachGetTheirOwnAnswer) {
 
 TEST(WindowMessage, TargetThatGoesBeforeItAnswersGivesZero) {
     QThread thread;
-    std::atomic<bool> queued{false};
-    thread.setEventDispatcher(new IdleDispatcher(queued));
+    thread.setEventDispatcher(new IdleDispatcher);
     auto receiver = std::make_unique<Receiver>();
     receiver->moveToThread(&thread);
     std::intptr_t result = -1;
@@ -206,9 +199,8 @@ TEST(WindowMessage, TargetWhoseThreadHasEndedGivesZero) {
 }
 
 TEST(WindowMessage, ThreadThatEndsWhileASenderWaitsGivesZero) {
-    std::atomic<bool> queued{false};
-    BusyThread thread(queued);
-    thread.setEventDispatcher(new IdleDispatcher(queued));
+    BusyThread thread;
+    thread.setEventDispatcher(new IdleDispatcher);
     Receiver receiver;
     receiver.moveToThread(&thread);
     thread.start();

@@ -396,5 +396,19 @@ TEST_F(Dimming, OpenedAgainItReadsAgain) {
     });
 }
 
+TEST_F(Dimming, OpenedAgainOnASignThatCantBeReadItShowsNothingOfBefore) {
+    Configure(2, 50, 12);
+    Run([&] { Click(dialog, kCancel); });
+    rpc.results["k4ssGetConfig"] = 1;
+    messages.Expect("Could not get sign configuration from service");
+    Run([&] {
+        EXPECT_EQ(RadioOn(), -1);
+        EXPECT_EQ(Position(kLevel), 0);
+        EXPECT_EQ(Position(kOffset), 0);
+        EXPECT_FALSE(Enabled(kOffset));
+        Click(dialog, kCancel);
+    });
+}
+
 }  // namespace
 }  // namespace k4test

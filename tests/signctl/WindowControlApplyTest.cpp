@@ -319,5 +319,19 @@ TEST_F(WindowControl, OpenedAgainItReadsAgain) {
     });
 }
 
+TEST_F(WindowControl, OpenedAgainOnASignThatCantBeReadItShowsNothingOfBefore) {
+    Window(1).open = 1;
+    Run([&] { Click(dialog, kCancel); });
+    configs.clear();
+    windowsFail = true;
+    Run([&] {
+        EXPECT_FALSE(Item<QCheckBox>(dialog, kEnable + 1)->isChecked());
+        EXPECT_EQ(Text(kColumn + 2), "0");
+        EXPECT_EQ(Spin(kRowSpin + 1)->Lower(), 1);
+        EXPECT_EQ(Spin(kRowSpin + 1)->Upper(), 7);
+        Click(dialog, kCancel);
+    });
+}
+
 }  // namespace
 }  // namespace k4test

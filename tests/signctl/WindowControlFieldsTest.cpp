@@ -144,6 +144,34 @@ TEST_F(WindowControl, AFieldIsLeftByTheMouseAndBackwardsToo) {
     });
 }
 
+TEST_F(WindowControl, AFieldIsLeftWhenAMessageTakesTheFocus) {
+    Run([&] {
+        TypeOver(dialog, kColumn + 1, QStringLiteral("5"));
+        messages.Expect(k4cmn::PlainMessage("Columns must be on boundries of 8. (1 based)"),
+                        k4cmn::MessageAnswer::Ok, [&] {
+                            EXPECT_EQ(Text(kColumn + 1), "5");
+                            QDialog box(&dialog);
+                            box.open();
+                            EXPECT_TRUE(QTest::qWaitFor([&] { return box.isActiveWindow(); }));
+                        });
+        PressKey(dialog, Qt::Key_Return);
+        EXPECT_EQ(messages.Pending(), 0U);
+        EXPECT_EQ(Text(kColumn + 1), "9");
+        EXPECT_EQ(FocusedId(dialog), kColumn + 1);
+        Click(dialog, kCancel);
+    });
+}
+
+TEST_F(WindowControl, TheMenuOfAFieldDoesntLeaveIt) {
+    Run([&] {
+        TypeOver(dialog, kColumn + 1, QStringLiteral("5"));
+        QFocusEvent popup(QEvent::FocusOut, Qt::PopupFocusReason);
+        QCoreApplication::sendEvent(Item<QLineEdit>(dialog, kColumn + 1), &popup);
+        EXPECT_EQ(Text(kColumn + 1), "5");
+        Click(dialog, kCancel);
+    });
+}
+
 TEST_F(WindowControl, ANumberIsLeftAloneWhileItIsTyped) {
     Run([&] {
         TypeOver(dialog, kColumn + 1, QStringLiteral("5"));

@@ -5,12 +5,14 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "k4cmndlg/clients/CK4CmnSS.h"
-#include "k4cmndlg/filestore/contracts/CK4Files.h"
+#include "k4cmndlg/clients/contracts/K4SSRpc.h"
 #include "k4cmndlg/filestore/contracts/CK4Registry.h"
+#include "k4cmndlg/filestore/contracts/FilesProvider.h"
 #include "k4cmndlg/frame/contracts/Profile.h"
 #include "suite/sample/SampleData.h"
 #include "tests/support/TempFolder.h"

@@ -100,7 +100,7 @@ TEST_P(SSRpcContract, ThreadsMayCallAtOnce) {
     Connect();
     std::atomic<int> failures = 0;
     const auto work = [&] {
-        for (std::int32_t round = 0; round < 50; ++round) {
+        for (std::int32_t round = 0; round < 20; ++round) {
             char buffer[1024] = "";
             std::uint32_t word = 0;
             failures += m_rpc.k4ssPing() != 0;

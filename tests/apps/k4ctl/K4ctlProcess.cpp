@@ -29,6 +29,11 @@ K4ctlRun K4ctlProcess::Finish(QProcess& process) {
     return run;
 }
 
+QString K4ctlProcess::AddFile(const std::string& name, const std::string& content) const {
+    m_folder.Write("home/drives/A/" + name, content);
+    return QString::fromStdString("A:\\" + name);
+}
+
 K4ctlRun K4ctlProcess::Run(const QStringList& arguments) const {
     QProcess process;
     Prepare(process, arguments);

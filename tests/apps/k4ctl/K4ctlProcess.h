@@ -29,6 +29,10 @@ class K4ctlProcess {
  public:
     std::filesystem::path Home() const { return m_folder / "home"; }
 
+    /// Puts a file on the home's drive A:, beside what else lies there.
+    /// @return its path in the store.
+    QString AddFile(const std::string& name, const std::string& content = "any") const;
+
     /// Runs it to its end.
     K4ctlRun Run(const QStringList& arguments) const;
     /// Runs it with its standard output in a file.

@@ -1,57 +1,20 @@
-#include <fcntl.h>
 #include <gmock/gmock.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <QCoreApplication>
-#include <QJsonArray>
-#include <csignal>
+#include <sstream>
 #include <string>
 #include <vector>
 
-#include "suite/EmbeddedSuite.h"
-#include "tests/apps/k4ctl/K4ctlProcess.h"
+#include "tests/apps/k4ctl/K4ctlOnHome.h"
 
-// The real program on a real data home: what holds between its runs and beside other processes.
-
-extern char** environ;
+// The real program on a real data home: what each command does, and what holds between runs.
 
 namespace {
 
-using k4test::K4ctlProcess;
 using k4test::K4ctlRun;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-class K4ctl : public testing::Test {
- protected:
-    /// Runs it, which must end with code 0 and without a complaint.
-    K4ctlRun Good(const QStringList& arguments) const {
-        K4ctlRun run = program.Run(arguments);
-        EXPECT_EQ(run.code, 0) << arguments.join(QLatin1Char(' ')).toStdString();
-        EXPECT_EQ(run.err, "") << arguments.join(QLatin1Char(' ')).toStdString();
-        return run;
-    }
-    QJsonObject GoodJson(QStringList arguments) const {
-        arguments << QStringLiteral("--json");
-        const K4ctlRun run = Good(arguments);
-        EXPECT_FALSE(run.Json().isEmpty()) << run.out;
-        return run.Json();
-    }
-    /// The signs of a service, by name.
-    QStringList Signs(const QString& service) const {
-        QStringList names;
-        const QJsonObject listing = GoodJson({QStringLiteral("signs"), service});
-        for (const auto each : listing[QLatin1String("signs")].toArray())
-            names << each[QLatin1String("sign")].toString();
-        return names;
-    }
-    QString FirstSign() const { return Signs(QStringLiteral("Local")).value(0); }
-
-    K4ctlProcess program;
-};
+using K4ctl = k4test::K4ctlOnHome;
 
 TEST_F(K4ctl, MakesAndSeedsADataHomeAndListsItsServices) {
     const QJsonArray signs = GoodJson({QStringLiteral("signs")})[QLatin1String("signs")].toArray();
@@ -173,66 +136,115 @@ TEST_F(K4ctl, WindowsHoldInTheNextRun) {
 
 TEST_F(K4ctl, TheQueueHoldsInTheNextRun) {
     const QString sign = FirstSign();
+    const QString first = program.AddFile("First.SQ4");
+    const QString second = program.AddFile("Second.SQ4");
     const QString queue = QStringLiteral("queue");
-    Good({queue, sign, QStringLiteral("--clear")});
     EXPECT_EQ(Good({queue, sign}).out, "The queue is empty.\n");
-    Good({queue, sign, QStringLiteral("--add"), QStringLiteral("First.SQ4"),
-          QStringLiteral("--mode"), QStringLiteral("num-times"), QStringLiteral("--param"),
-          QStringLiteral("3")});
-    Good({queue, sign, QStringLiteral("--add"), QStringLiteral("Second.SQ4")});
+    Good({queue, sign, QStringLiteral("--add"), first, QStringLiteral("--mode"),
+          QStringLiteral("num-times"), QStringLiteral("--param"), QStringLiteral("3")});
+    Good({queue, sign, QStringLiteral("--add"), second});
 
     QJsonArray entries = GoodJson({queue, sign})[QLatin1String("queue")].toArray();
     ASSERT_EQ(entries.size(), 2);
-    EXPECT_EQ(entries[0][QLatin1String("sequence")].toString(), QStringLiteral("First.SQ4"));
+    EXPECT_EQ(entries[0][QLatin1String("sequence")].toString(), first);
     EXPECT_EQ(entries[0][QLatin1String("mode")][QLatin1String("value")].toInt(), 4);
     EXPECT_EQ(entries[0][QLatin1String("param")].toInt(), 3);
-    EXPECT_EQ(entries[1][QLatin1String("sequence")].toString(), QStringLiteral("Second.SQ4"));
+    EXPECT_EQ(entries[1][QLatin1String("sequence")].toString(), second);
     EXPECT_EQ(entries[1][QLatin1String("mode")][QLatin1String("name")].toString(),
               QStringLiteral("Continuous"));
-    EXPECT_THAT(Good({queue, sign}).out, HasSubstr(" 2  play    Second.SQ4  Continuous"));
+    EXPECT_THAT(Good({queue, sign}).out, HasSubstr(" 2  play    A:\\Second.SQ4  Continuous"));
 
     Good({queue, sign, QStringLiteral("--next")});
     entries = GoodJson({queue, sign})[QLatin1String("queue")].toArray();
     ASSERT_EQ(entries.size(), 1);
-    EXPECT_EQ(entries[0][QLatin1String("sequence")].toString(), QStringLiteral("Second.SQ4"));
+    EXPECT_EQ(entries[0][QLatin1String("sequence")].toString(), second);
+    EXPECT_EQ(GoodJson({QStringLiteral("status"), sign})[QLatin1String("sequence")].toString(),
+              first);
 
     Good({queue, sign, QStringLiteral("--clear")});
     EXPECT_TRUE(GoodJson({queue, sign})[QLatin1String("queue")].toArray().isEmpty());
+    const K4ctlRun none = program.Run({queue, sign, QStringLiteral("--next")});
+    EXPECT_EQ(none.code, 1);
+    EXPECT_EQ(none.err, "k4ctl: Could not execute \"Next\" command\n");
 }
 
 TEST_F(K4ctl, TheDefaultSequenceHoldsInTheNextRun) {
     const QString sign = FirstSign();
-    Good({QStringLiteral("default"), sign, QStringLiteral("Idle.SQ4"), QStringLiteral("--mode"),
+    const QString file = program.AddFile("Idle.SQ4");
+    EXPECT_EQ(GoodJson({QStringLiteral("default"), sign})[QLatin1String("plays")].toBool(), true);
+    Good({QStringLiteral("default"), sign, file, QStringLiteral("--mode"),
           QStringLiteral("play-stop"), QStringLiteral("--param"), QStringLiteral("9")});
     const QJsonObject json = GoodJson({QStringLiteral("default"), sign});
-    EXPECT_EQ(json[QLatin1String("sequence")].toString(), QStringLiteral("Idle.SQ4"));
+    EXPECT_EQ(json[QLatin1String("sequence")].toString(), file);
     EXPECT_EQ(json[QLatin1String("mode")][QLatin1String("value")].toInt(), 5);
     EXPECT_EQ(json[QLatin1String("param")].toInt(), 9);
     EXPECT_THAT(Good({QStringLiteral("default"), sign}).out,
-                StartsWith("Sequence  Idle.SQ4\nMode      Play Stop\nParam     9\n"));
+                StartsWith("Sequence  A:\\Idle.SQ4\nMode      Play Stop\nParam     9\n"));
 }
 
-TEST_F(K4ctl, PlaysStopsAndBlanks) {
+TEST_F(K4ctl, WhatPlaysStopsAndIsBlankedHoldsInTheNextRun) {
     const QString sign = FirstSign();
     const std::string name = sign.toStdString();
-    EXPECT_EQ(Good({QStringLiteral("play"), sign, QStringLiteral("Goal.SQ4")}).out,
-              name + ": plays Goal.SQ4\n");
-    EXPECT_EQ(Good({QStringLiteral("play"), sign, QStringLiteral("Script.SC4")}).out,
-              name + ": plays Script.SC4\n");
+    const QString file = program.AddFile("Goal.SQ4");
+    const auto status = [&] { return GoodJson({QStringLiteral("status"), sign}); };
+    const QString state = QStringLiteral("state");
+
+    EXPECT_EQ(Good({QStringLiteral("play"), sign, file, QStringLiteral("--mode"),
+                    QStringLiteral("num-times"), QStringLiteral("--param"), QStringLiteral("999")})
+                  .out,
+              name + ": plays A:\\Goal.SQ4\n");
+    EXPECT_EQ(status()[state].toString(), QStringLiteral("Playing"));
+    EXPECT_EQ(status()[QLatin1String("sequence")].toString(), file);
+    EXPECT_EQ(status()[QLatin1String("mode")][QLatin1String("name")].toString(),
+              QStringLiteral("Num Times"));
+    EXPECT_EQ(status()[QLatin1String("param")].toInt(), 999);
+    EXPECT_EQ(status()[QLatin1String("defaultPlays")].toBool(), false);
+    EXPECT_GE(status()[QLatin1String("frame")].toInt(), 1);
+    EXPECT_LE(status()[QLatin1String("frame")].toInt(), status()[QLatin1String("frames")].toInt());
+    const K4ctlRun people = Good({QStringLiteral("status"), sign});
+    EXPECT_THAT(people.out, StartsWith("State          Playing\n"
+                                       "Sequence       A:\\Goal.SQ4\n"
+                                       "Schedule\n"
+                                       "Frame          "));
+    EXPECT_THAT(people.out, EndsWith("Mode           Num Times\n"
+                                     "Param          999\n"
+                                     "Default plays  no\n"));
+
     EXPECT_EQ(Good({QStringLiteral("stop"), sign}).out, name + ": stopped\n");
+    EXPECT_EQ(status()[state].toString(), QStringLiteral("Stopped"));
     EXPECT_EQ(Good({QStringLiteral("blank"), sign}).out, name + ": blank\n");
-    EXPECT_TRUE(GoodJson({QStringLiteral("blank"), sign})[QLatin1String("done")].toBool());
+    EXPECT_EQ(status()[state].toString(), QStringLiteral("Blank"));
+    EXPECT_TRUE(GoodJson({QStringLiteral("stop"), sign})[QLatin1String("done")].toBool());
 }
 
-TEST_F(K4ctl, StatusTellsWhatTheSignDoes) {
+TEST_F(K4ctl, ASchedulePlaysUntilItIsEnded) {
     const QString sign = FirstSign();
-    const QJsonObject json = GoodJson({QStringLiteral("status"), sign});
-    EXPECT_EQ(json[QLatin1String("sign")].toString(), sign);
-    EXPECT_THAT((std::vector<std::string>{"Playing", "Stopped", "Blank", "Step"}),
-                testing::Contains(json[QLatin1String("state")].toString().toStdString()));
-    EXPECT_THAT(Good({QStringLiteral("status"), sign}).out,
-                StartsWith("State          " +
-                           json[QLatin1String("state")].toString().toStdString() + "\n"));
+    const QString file = program.AddFile("Evening.SD4");
+    const auto schedule = [&] {
+        return GoodJson({QStringLiteral("status"), sign})[QLatin1String("schedule")].toString();
+    };
+    Good({QStringLiteral("play"), sign, file});
+    EXPECT_EQ(schedule(), file);
+    Good({QStringLiteral("stop"), sign, QStringLiteral("--schedule")});
+    EXPECT_EQ(schedule(), QString());
+}
+
+TEST_F(K4ctl, PlaysAScriptWithoutAnEffect) {
+    const QString sign = FirstSign();
+    EXPECT_EQ(Good({QStringLiteral("play"), sign, QStringLiteral("Any.SC4")}).out,
+              sign.toStdString() + ": plays Any.SC4\n");
+}
+
+TEST_F(K4ctl, AFileThatCannotBePlayedIsRefused) {
+    const QString sign = FirstSign();
+    K4ctlRun run = program.Run({QStringLiteral("play"), sign, QStringLiteral("A:\\Nowhere.SQ4")});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.err, "k4ctl: Could not play sequence\n");
+    run = program.Run({QStringLiteral("play"), sign, program.AddFile("Notes.TXT")});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.err,
+              "k4ctl: \"A:\\Notes.TXT\" can't be played; its name must end in SQ4, AVI, "
+              "SD4 or SC4\n");
 }
 
 TEST_F(K4ctl, ReachesTheSignsOfOtherServices) {
@@ -246,207 +258,6 @@ TEST_F(K4ctl, ReachesTheSignsOfOtherServices) {
         EXPECT_EQ(config[QLatin1String("columns")], each[QLatin1String("columns")]);
         EXPECT_EQ(config[QLatin1String("color")], each[QLatin1String("color")]);
     }
-}
-
-// Failures ----------------------------------------------------------------------------------------
-
-TEST_F(K4ctl, AnUnknownSignIsRefusedByTheService) {
-    const struct {
-        QStringList line;
-        const char* words;
-    } rows[] = {
-        {{QStringLiteral("status"), QStringLiteral("Nowhere")},
-         "k4ctl: Could not get sign status from service.\n"},
-        {{QStringLiteral("config"), QStringLiteral("Nowhere")},
-         "k4ctl: Could not get sign configuration from service\n"},
-        {{QStringLiteral("windows"), QStringLiteral("Nowhere")},
-         "k4ctl: Could not get window state\n"},
-        {{QStringLiteral("queue"), QStringLiteral("Nowhere")},
-         "k4ctl: Could not get queue from service\n"},
-        {{QStringLiteral("play"), QStringLiteral("Nowhere"), QStringLiteral("A.SQ4")},
-         "k4ctl: Could not play sequence\n"},
-        {{QStringLiteral("stop"), QStringLiteral("Nowhere")}, "k4ctl: Could not stop sequence\n"},
-        {{QStringLiteral("blank"), QStringLiteral("Nowhere")}, "k4ctl: Could not blank sign\n"},
-        {{QStringLiteral("dim"), QStringLiteral("Nowhere"), QStringLiteral("remote")},
-         "k4ctl: Could not set dimming mode\n"},
-        {{QStringLiteral("window"), QStringLiteral("Nowhere"), QStringLiteral("1"),
-          QStringLiteral("open")},
-         "k4ctl: Could not open window\n"},
-        {{QStringLiteral("default"), QStringLiteral("Nowhere")},
-         "k4ctl: Could not get default sequence from sign service\n"},
-    };
-    for (const auto& row : rows) {
-        const K4ctlRun run = program.Run(row.line);
-        EXPECT_EQ(run.code, 1) << row.line.front().toStdString();
-        EXPECT_EQ(run.out, "");
-        EXPECT_EQ(run.err, row.words);
-    }
-}
-
-TEST_F(K4ctl, AnUnknownServiceIsUnavailable) {
-    const K4ctlRun run = program.Run({QStringLiteral("status"), QStringLiteral("Main"),
-                                      QStringLiteral("-s"), QStringLiteral("Nowhere")});
-    EXPECT_EQ(run.code, 3);
-    EXPECT_EQ(run.out, "");
-    EXPECT_THAT(run.err, StartsWith("k4ctl: Sign service unavailable.\n"
-                                    "k4ctl: no service is named \"Nowhere\"; the configured ones "
-                                    "are Local, "));
-    EXPECT_EQ(program.Run({QStringLiteral("signs"), QStringLiteral("Nowhere")}).code, 3);
-}
-
-TEST_F(K4ctl, AWrongLineTouchesNoDataHome) {
-    const QStringList lines[] = {{},
-                                 {QStringLiteral("explode")},
-                                 {QStringLiteral("dim"), QStringLiteral("Main"),
-                                  QStringLiteral("manual"), QStringLiteral("256")},
-                                 {QStringLiteral("window"), QStringLiteral("Main"),
-                                  QStringLiteral("17"), QStringLiteral("open")}};
-    for (const QStringList& line : lines) {
-        const K4ctlRun run = program.Run(line);
-        EXPECT_EQ(run.code, 2);
-        EXPECT_EQ(run.out, "");
-        EXPECT_THAT(run.err, StartsWith("k4ctl: "));
-    }
-    EXPECT_FALSE(std::filesystem::exists(program.Home()));
-}
-
-TEST_F(K4ctl, HelpTouchesNoDataHome) {
-    const K4ctlRun run = program.Run({QStringLiteral("--help")});
-    EXPECT_EQ(run.code, 0);
-    EXPECT_THAT(run.out, HasSubstr("Exit codes:"));
-    EXPECT_EQ(program.Run({QStringLiteral("dim"), QStringLiteral("--help")}).code, 0);
-    EXPECT_FALSE(std::filesystem::exists(program.Home()));
-}
-
-TEST_F(K4ctl, SaysWhichProcessHoldsTheServices) {
-    const QString sign = FirstSign();
-    const std::string holder = "k4ctl: the services of " + program.Home().string() +
-                               " are held by testholder, process " +
-                               std::to_string(QCoreApplication::applicationPid()) + "\n";
-    {
-        const k4suite::EmbeddedSuite suite(k4suite::DataHome(program.Home()), "testholder");
-        ASSERT_TRUE(suite.RunsServices());
-
-        const K4ctlRun run = program.Run({QStringLiteral("status"), sign});
-        EXPECT_EQ(run.code, 3);
-        EXPECT_EQ(run.out, "");
-        EXPECT_EQ(run.err, "k4ctl: Sign service unavailable.\n" + holder);
-
-        const K4ctlRun machine =
-            program.Run({QStringLiteral("blank"), sign, QStringLiteral("--json")});
-        EXPECT_EQ(machine.code, 3);
-        const QJsonObject json = machine.Json();
-        EXPECT_EQ(json[QLatin1String("error")].toString(),
-                  QStringLiteral("Sign service unavailable."));
-        EXPECT_EQ(json[QLatin1String("holder")],
-                  (QJsonObject{{QStringLiteral("pid"), QCoreApplication::applicationPid()},
-                               {QStringLiteral("program"), QStringLiteral("testholder")}}));
-
-        const K4ctlRun all = program.Run({QStringLiteral("signs")});
-        EXPECT_EQ(all.code, 3);
-        EXPECT_THAT(all.err, StartsWith("k4ctl: Local: Sign service unavailable.\n"));
-        EXPECT_THAT(all.err, EndsWith(holder));
-    }
-    Good({QStringLiteral("status"), sign});
-}
-
-TEST_F(K4ctl, SaysThatTheSuiteFoundADamagedFile) {
-    Good({QStringLiteral("signs")});
-    const std::filesystem::path settings = program.Home() / "settings" / "machine.ini";
-    {
-        const int file = ::open(settings.c_str(), O_WRONLY | O_TRUNC);
-        ASSERT_GE(file, 0);
-        const std::string damaged("\0\xff[[[[\n\x1b no settings", 20);
-        EXPECT_EQ(::write(file, damaged.data(), damaged.size()),
-                  static_cast<ssize_t>(damaged.size()));
-        ::close(file);
-    }
-    const K4ctlRun run = program.Run({QStringLiteral("signs"), QStringLiteral("Local")});
-    EXPECT_THAT(run.err, StartsWith("k4ctl: "));
-    EXPECT_THAT(run.err, HasSubstr("machine.ini"));
-    EXPECT_EQ(run.err.find('\x1b'), std::string::npos);
-}
-
-TEST_F(K4ctl, AHomeThatCannotBeMadeLeavesTheServiceUnavailable) {
-    K4ctlProcess other;
-    ASSERT_TRUE(std::filesystem::create_directories(other.Home().parent_path()) ||
-                std::filesystem::exists(other.Home().parent_path()));
-    const int file = ::open(other.Home().c_str(), O_WRONLY | O_CREAT, 0600);
-    ASSERT_GE(file, 0);
-    ::close(file);
-    const K4ctlRun run = other.Run({QStringLiteral("status"), QStringLiteral("Main")});
-    EXPECT_EQ(run.code, 3);
-    EXPECT_THAT(run.err, HasSubstr("k4ctl: Sign service unavailable.\n"));
-}
-
-// Where the answer goes ---------------------------------------------------------------------------
-
-TEST_F(K4ctl, AFullDiskUnderTheAnswerIsAFailure) {
-    Good({QStringLiteral("signs")});
-    const K4ctlRun run = program.RunInto(QStringLiteral("/dev/full"), {QStringLiteral("signs")});
-    EXPECT_EQ(run.code, 1);
-    EXPECT_EQ(run.err, "k4ctl: the answer couldn't be written\n");
-}
-
-/// Starts the program with its output and its complaints in a pipe that nobody reads.
-int WaitStatusIntoClosedPipe(const std::filesystem::path& home, std::vector<std::string> words) {
-    int ends[2];
-    if (::pipe(ends) != 0)
-        return -1;
-    ::close(ends[0]);
-    posix_spawn_file_actions_t files;
-    posix_spawn_file_actions_init(&files);
-    posix_spawn_file_actions_adddup2(&files, ends[1], STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&files, ends[1], STDERR_FILENO);
-    posix_spawnattr_t attributes;
-    posix_spawnattr_init(&attributes);
-    sigset_t defaults;
-    sigemptyset(&defaults);
-    sigaddset(&defaults, SIGPIPE);
-    posix_spawnattr_setsigdefault(&attributes, &defaults);
-    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
-
-    words.insert(words.begin(), K4CTL_PROGRAM);
-    std::vector<char*> arguments;
-    for (std::string& word : words)
-        arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-    ::setenv("K4_HOME", home.c_str(), 1);
-    pid_t child = 0;
-    int status = -1;
-    if (posix_spawn(&child, K4CTL_PROGRAM, &files, &attributes, arguments.data(), environ) == 0)
-        ::waitpid(child, &status, 0);
-    ::unsetenv("K4_HOME");
-    ::close(ends[1]);
-    posix_spawnattr_destroy(&attributes);
-    posix_spawn_file_actions_destroy(&files);
-    return status;
-}
-
-TEST_F(K4ctl, AReaderThatWentAwayDoesNotEndItHalfway) {
-    const QString sign = FirstSign();
-    const int shown = WaitStatusIntoClosedPipe(program.Home(), {"signs"});
-    ASSERT_TRUE(WIFEXITED(shown)) << shown;
-    EXPECT_EQ(WEXITSTATUS(shown), 1);
-
-    const int changed =
-        WaitStatusIntoClosedPipe(program.Home(), {"dim", sign.toStdString(), "manual", "123"});
-    ASSERT_TRUE(WIFEXITED(changed)) << changed;
-    EXPECT_THAT(Good({QStringLiteral("config"), sign}).out, HasSubstr("Level             123\n"));
-
-    const int help = WaitStatusIntoClosedPipe(program.Home(), {"--help"});
-    EXPECT_TRUE(WIFEXITED(help)) << help;
-    const int wrong = WaitStatusIntoClosedPipe(program.Home(), {"explode"});
-    ASSERT_TRUE(WIFEXITED(wrong)) << wrong;
-    EXPECT_EQ(WEXITSTATUS(wrong), 2);
-}
-
-TEST_F(K4ctl, WorksInAnyLocale) {
-    const QString sign = FirstSign();
-    program.Set(QStringLiteral("LC_ALL"), QStringLiteral("C"));
-    Good({QStringLiteral("config"), sign});
-    program.Set(QStringLiteral("LC_ALL"), QStringLiteral("no_SUCH.locale"));
-    Good({QStringLiteral("config"), sign});
 }
 
 }  // namespace

@@ -53,6 +53,9 @@ TEST_F(OnScriptedService, AnUnknownServiceIsToldWithTheConfiguredOnes) {
               "k4ctl: no service is named \"Arenna\"; the configured ones are Local, Arena\n");
     EXPECT_EQ(CommandRun({"status", "Main", "-s", "ARENA"}).err,
               "k4ctl: Sign service unavailable.\n");
+    EXPECT_EQ(CommandRun({"signs", "Arenna"}).err,
+              "k4ctl: Sign service unavailable.\n"
+              "k4ctl: no service is named \"Arenna\"; the configured ones are Local, Arena\n");
     settings.readable = false;
     EXPECT_EQ(CommandRun({"status", "Main", "-s", "Arenna"}).err,
               "k4ctl: Sign service unavailable.\n");
@@ -123,6 +126,14 @@ TEST_F(OnScriptedService, SignsTellsAnUnreachableServiceAndListsTheOthers) {
     const CommandRun one({"signs", "Arena"});
     EXPECT_EQ(one.code, ExitCode::Unavailable);
     EXPECT_EQ(one.err, "k4ctl: Sign service unavailable.\n");
+    EXPECT_EQ(one.out, "");
+}
+
+TEST_F(OnScriptedService, SignsOfAServiceWithoutSignsIsNoFailure) {
+    const CommandRun run({"signs", "Local"});
+    EXPECT_EQ(run.code, ExitCode::Done);
+    EXPECT_EQ(run.out, "There are no signs.\n");
+    EXPECT_TRUE(CommandRun({"signs", "--json"}).Json()[QLatin1String("signs")].isArray());
 }
 
 TEST_F(OnScriptedService, SignsTellsASignThatHidesItsConfiguration) {

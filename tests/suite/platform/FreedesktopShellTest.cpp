@@ -50,7 +50,7 @@ class ShellTest : public testing::Test {
 
     TempFolder folder;
     const std::string log = (folder / "log").string();
-    ScopedEnvironment path{"PATH", (folder / "bin").string() + ":" + std::getenv("PATH")};
+    ScopedEnvironment path{"PATH", (folder / "bin").string() + ":/usr/bin:/bin"};
     ScopedEnvironment dataHome{"XDG_DATA_HOME", (folder / "data").string()};
     ScriptedFileUi ui;
     FreedesktopShell shell{ui};

@@ -282,6 +282,68 @@ TEST_F(Ini, DamagedFileOnAFullDiskIsNotLost) {
     EXPECT_EQ(Raw(), "[a]\nb=1\nnonsense\n");
 }
 
+/// Runs something as a user whom permissions bind. @return whether it answered true.
+template <class Work>
+bool AsOrdinaryUser(const fs::path& owned, const Work& work) {
+    constexpr uid_t nobody = 65534;
+    if (geteuid() != 0)
+        return work();
+    EXPECT_EQ(chown(owned.c_str(), nobody, nobody), 0);
+    for (const auto& entry : fs::recursive_directory_iterator(owned))
+        EXPECT_EQ(chown(entry.path().c_str(), nobody, nobody), 0);
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(setgid(nobody) == 0 && setuid(nobody) == 0 && work() ? 0 : 1);
+    int status = 1;
+    return waitpid(child, &status, 0) == child && status == 0;
+}
+
+TEST_F(Ini, FileThatMayNotBeWrittenStays) {
+    IniFile file(Path());
+    ASSERT_EQ(Set(file, "a/b", "old"), 1);
+    fs::permissions(Path(), fs::perms::owner_read);
+    EXPECT_TRUE(AsOrdinaryUser(folder.Path(), [&] {
+        IniFile own(Path());
+        return Set(own, "a/b", "new") == 0 && Get(own, "a/b") == "old";
+    }));
+    EXPECT_EQ(Raw(), "[a]\nb=old\n");
+}
+
+TEST_F(Ini, FolderThatMayNotBeWrittenKeepsItsFile) {
+    IniFile file(Path());
+    ASSERT_EQ(Set(file, "a/b", "old"), 1);
+    fs::permissions(Path().parent_path(), fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_TRUE(AsOrdinaryUser(folder.Path(), [&] {
+        IniFile own(Path());
+        return Set(own, "a/b", "new") == 0 && Get(own, "a/b") == "old";
+    }));
+    EXPECT_EQ(Raw(), "[a]\nb=old\n");
+}
+
+TEST_F(Ini, FileThatMayNotBeReadFails) {
+    WriteRaw("[a]\nb=old\n");
+    fs::permissions(Path(), fs::perms::none);
+    EXPECT_TRUE(AsOrdinaryUser(folder.Path(), [&] {
+        IniFile own(Path());
+        return CanRead(own) == 0 && Set(own, "a/b", "new") == 0;
+    }));
+    EXPECT_EQ(Raw(), "[a]\nb=old\n");
+}
+
+TEST_F(Ini, DamagedFileThatCantBeSetAsideIsNeverTakenForGood) {
+    const std::string damage = "[a]\nb=1\nnonsense\n";
+    WriteRaw(damage);
+    fs::permissions(Path().parent_path(), fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_TRUE(AsOrdinaryUser(folder.Path(), [&] {
+        IniFile first(Path());
+        IniFile second(Path());
+        return CanRead(first) == 0 && CanRead(first) == 0 && CanRead(second) == 0 &&
+               Set(second, "a/b", "new") == 0 &&
+               first.Problems() == Texts{Path().string() + " is damaged."};
+    }));
+    EXPECT_EQ(Raw(), damage);
+}
+
 // Several at a time ------------------------------------------------------------------------------
 
 /// Runs something in a process of its own. @return its process id.

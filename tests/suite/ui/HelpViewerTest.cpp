@@ -236,6 +236,8 @@ TEST_F(HelpPopupTest, ShowsTheFirstParagraphBelowTheControl) {
     EXPECT_FALSE(Text().contains(QStringLiteral("Change it by a little"))) << "the second one";
     EXPECT_NEAR(popup->x(), control.mapToGlobal(QPoint(0, 0)).x(), 4);
     EXPECT_GT(popup->y(), control.mapToGlobal(control.rect().bottomLeft()).y());
+    EXPECT_GT(popup->width(), popup->height());
+    EXPECT_LE(popup->width(), 400);
     EXPECT_EQ(Shown<HelpWindow>(), nullptr);
     popup->close();
 }

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+
+#include "k4cmndlg/filestore/contracts/FilesProvider.h"
+#include "tests/support/TempFolder.h"
+
+namespace k4test {
+
+/// A store that is one folder: the path "S:\x" is the file "x" in it. Only what the sign service
+/// asks of a store works.
+class FolderStore final : public k4cmn::FilesProvider {
+ public:
+    std::string NativePath(const std::string& path) override {
+        return path.starts_with("S:\\") ? (m_folder / path.substr(3)).string() : std::string();
+    }
+    std::filesystem::path Write(const std::string& name, const std::string& content = {}) {
+        return m_folder.Write(name, content);
+    }
+    const std::filesystem::path& Path() const { return m_folder.Path(); }
+
+    std::string LibraryOf(const std::string&) override { return {}; }
+    std::string BuildSign(std::uint32_t, std::uint32_t, tag_K4_SIGN_COLOR, tag_K4_PIXEL_TECH,
+                          int) override {
+        return {};
+    }
+    std::string BuildPath(const std::string&, std::uint32_t, std::uint32_t, tag_K4_SIGN_COLOR,
+                          tag_K4_PIXEL_TECH, const std::string&, const std::string&,
+                          const std::string&) override {
+        return {};
+    }
+    std::string GetFullPath(const std::string&, const std::string&) override { return {}; }
+    int FindFiles(std::vector<std::string>&, const std::string&, int) override { return 0; }
+    int IsColorAndPixelTechValid(tag_K4_SIGN_COLOR, tag_K4_PIXEL_TECH) override { return 0; }
+
+ private:
+    TempFolder m_folder;
+};
+
+}  // namespace k4test
