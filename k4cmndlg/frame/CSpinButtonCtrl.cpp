@@ -156,7 +156,9 @@ bool CSpinButtonCtrl::HandleKey(QEvent* event) {
 }
 
 bool CSpinButtonCtrl::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != m_buddy)
+    // A field that is being destroyed is none any more, and still tells of its end.
+    const auto* field = qobject_cast<QLineEdit*>(watched);
+    if (!field || field != m_buddy)
         return QWidget::eventFilter(watched, event);
     switch (event->type()) {
         case QEvent::KeyPress:

@@ -201,27 +201,29 @@ IniFile::Content IniFile::Load(std::string& bytes) const {
 
 bool IniFile::SetAsideIfDamaged() {
     const FileLock lock(LockPath(), kPatience);
-    if (!lock.IsHeld()) {
+    const Content content = lock.IsHeld() ? LookAgain() : Content::Unreadable;
+    if (content == Content::Damaged)
+        return SetAside();
+    if (content == Content::Unreadable)
         Report(m_path.string() + " is damaged.");
-        return false;
-    }
-    // Another process may have been quicker: what lies here now is looked at again, in a copy that
-    // the toolkit reads for the first time.
+    return content != Content::Unreadable;
+}
+
+IniFile::Content IniFile::LookAgain() const {
+    // Another process may have been quicker. The toolkit is shown a copy, which it reads for the
+    // first time.
     std::string bytes;
     Content content = Load(bytes);
-    if (content == Content::Text) {
-        const fs::path copy = BesideIt(Target());
-        if (!WriteWhole(copy, bytes)) {
-            std::error_code ignored;
-            fs::remove(copy, ignored);
-            return false;
-        }
-        if (!IsUnderstood(QSettings(Qt(copy), QSettings::IniFormat)))
-            content = Content::Damaged;
-        std::error_code ignored;
-        fs::remove(copy, ignored);
-    }
-    return content == Content::Damaged ? SetAside() : content != Content::Unreadable;
+    if (content != Content::Text)
+        return content;
+    const fs::path copy = BesideIt(Target());
+    if (!WriteWhole(copy, bytes))
+        content = Content::Unreadable;
+    else if (!IsUnderstood(QSettings(Qt(copy), QSettings::IniFormat)))
+        content = Content::Damaged;
+    std::error_code ignored;
+    fs::remove(copy, ignored);
+    return content;
 }
 
 bool IniFile::SetAside() {

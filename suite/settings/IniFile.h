@@ -50,7 +50,8 @@ class IniFile {
     std::optional<Stamp> StampNow() const;
     std::filesystem::path Target() const;
     std::filesystem::path LockPath() const;
-    /// Both with the lock held.
+    /// These three with the lock held.
+    Content LookAgain() const;
     bool SetAside();
     Result Replace(const std::string& bytes, const std::function<void(QSettings&)>& change) const;
     bool SetAsideIfDamaged();

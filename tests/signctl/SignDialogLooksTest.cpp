@@ -260,6 +260,12 @@ TEST_F(SignDialogLooks, OkIsTheDefaultAndTheButtonsStandAtTheLowerRight) {
     });
 }
 
+TEST_F(SignDialogLooks, ADialogCarriesItsHelpId) {
+    InEach([](CDialog& any) {
+        EXPECT_EQ(k4cmn::GetWindowContextHelpId(&any), any.ResourceId() + 0x20000);
+    });
+}
+
 TEST_F(SignDialogLooks, TheTwoSlidersOfDimmingLineUp) {
     InDimming(5, [](CDialog& any) {
         const QRect level = Place(any, Item<QSlider>(any, 1115));

@@ -150,10 +150,15 @@ TEST_F(WindowControl, ItsRowSpinsStepByTwoOnAQuadSign) {
 
 TEST_F(WindowControl, AServiceOutOfReachCancelsTheDialogBeforeItAppears) {
     rpc.results["k4ssConnectSignAsUser"] = 1;
-    bool shown = false;
     messages.Expect(k4cmn::PlainMessage("Sign service unavailable."), k4cmn::MessageAnswer::Ok,
-                    [&] { shown = dialog.isVisible(); });
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+                    [&] { EXPECT_FALSE(dialog.isVisible()); });
+    bool shown = false;
+    EXPECT_EQ(RunModal(dialog,
+                       [&] {
+                           shown = true;
+                           dialog.EndDialog(IDOK);
+                       }),
+              IDCANCEL);
     EXPECT_FALSE(shown);
     EXPECT_THAT(rpc.calls,
                 ElementsAre("k4ssIsServer(North)", "k4ssConnectSignAsUser(North, null, null, null)",

@@ -54,7 +54,7 @@ class EngineRig {
     std::string Text(Stub stub, const std::string& sign) {
         std::string buffer(1024, '\0');
         std::uint32_t length = 0;
-        Expect((rpc->*stub)(sign.c_str(), buffer.data(), 1024, &length) == 0);
+        Expect(((*rpc).*stub)(sign.c_str(), buffer.data(), 1024, &length) == 0);
         Expect(length <= 1023 && std::string(buffer.c_str()).size() == length);
         return buffer.c_str();
     }
