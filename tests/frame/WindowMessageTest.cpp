@@ -174,8 +174,9 @@ TEST(WindowMessage, ManyThreadsEachGetTheirOwnAnswer) {
 }
 
 TEST(WindowMessage, TargetThatGoesBeforeItAnswersGivesZero) {
+    IdleDispatcher dispatcher;  // a thread that never starts doesn't take it over
     QThread thread;
-    thread.setEventDispatcher(new IdleDispatcher);
+    thread.setEventDispatcher(&dispatcher);
     auto receiver = std::make_unique<Receiver>();
     receiver->moveToThread(&thread);
     std::intptr_t result = -1;

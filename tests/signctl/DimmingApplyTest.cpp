@@ -1,4 +1,3 @@
-#include <QLineEdit>
 #include <QRadioButton>
 #include <QSlider>
 

@@ -1,5 +1,3 @@
-#include <QLineEdit>
-
 #include "tests/signctl/DimmingFixture.h"
 
 namespace k4test {
