@@ -15,10 +15,26 @@ namespace {
 
 using k4cmn::Format;
 
+/// The greatest color that a configuration may tell; it has no name.
+constexpr std::int32_t kLastColor = 15;
+
 bool HasPossibleSize(const k4cmn::SignSettings& sign) {
     return sign.rows >= 1 && sign.rows <= k4cmn::kMaxSignRows && sign.columns >= 1 &&
            sign.columns <= k4cmn::kMaxSignColumns &&
            std::uint64_t{sign.rows} * sign.columns <= k4cmn::kMaxSignPixels;
+}
+
+/// Settings whose technologies no sign has become those of the plainest sign.
+SignSetup Cleaned(SignSetup setup) {
+    k4cmn::SignSettings& sign = setup.settings;
+    if (sign.color < K4_SIGN_COLOR_MONO1 || sign.color > kLastColor)
+        sign.color = K4_SIGN_COLOR_MONO1;
+    if (sign.pixel < K4_PIXEL_TECH_INCAND || sign.pixel > K4_PIXEL_TECH_LED)
+        sign.pixel = K4_PIXEL_TECH_INCAND;
+    if (sign.orientation < K4_OUTPUT_ORIENTATION_NORMAL ||
+        sign.orientation > K4_OUTPUT_ORIENTATION_ROTATED_MIRRORED)
+        sign.orientation = K4_OUTPUT_ORIENTATION_NORMAL;
+    return setup;
 }
 
 bool IsSmaller(const Sign& one, const Sign& other) {
@@ -38,7 +54,7 @@ Machine::Machine(const ServiceSetup& setup, const SequenceStore& store,
             IsFileName(sign.name) && HasPossibleSize(sign.settings) && !Find(sign.name);
         if (isUsable)
             m_posts.push_back(std::make_unique<Post>(
-                Sign(sign, store, now), SignStateFile(stateFolder, m_name, sign.name)));
+                Sign(Cleaned(sign), store, now), SignStateFile(stateFolder, m_name, sign.name)));
         else
             problems.push_back(
                 Format("The sign \"%s\" of the machine \"%s\" was left out: its name "

@@ -19,7 +19,8 @@ namespace k4suite {
 /// Threads: one at a time; the engine sees to it.
 class Machine {
  public:
-    /// Makes the signs and gives each what it kept. A sign of impossible settings is left out.
+    /// Makes the signs and gives each what it kept. A sign whose name or size is impossible is left
+    /// out.
     /// @param problems gets words for people for each thing that went wrong.
     Machine(const ServiceSetup& setup, const SequenceStore& store,
             const std::filesystem::path& stateFolder, TimePoint now,

@@ -24,8 +24,9 @@ namespace k4suite {
 /// At the end of a sequence that is played a number of times, stopped or followed, the queue's
 /// entries are carried out up to and with the next sequence. With nothing queued, Play Stop stays
 /// at the last frame, and the others give way to the default sequence, which is repeated in its own
-/// mode. Play Blank ends in the dark and leaves the queue alone.
-/// Threads: one at a time; the engine sees to it.
+/// mode. Play Blank ends in the dark and leaves the queue alone. While a sequence plays on and on,
+/// the default one too, what is queued waits for NextItem(). Threads: one at a time; the engine
+/// sees to it.
 class Sign {
  public:
     /// A sign as it comes out of the box.

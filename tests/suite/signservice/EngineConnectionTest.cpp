@@ -152,6 +152,27 @@ TEST(EngineSettings, WhatIsImpossibleIsLeftOutAndTold) {
     EXPECT_STREQ(buffer, "Main\nSmall\nStrip\nQuad\nDisc\nPacked\n");
 }
 
+TEST(EngineSettings, TechnologiesThatNoSignHasBecomeThePlainest) {
+    struct Row {
+        int color, pixel, orientation;
+        const char* config;
+    };
+    constexpr Row rows[] = {
+        {15, 3, 3, "15 3 3"}, {16, 4, 4, "0 1 0"}, {-1, 0, -1, "0 1 0"}, {99999, -7, 7, "0 1 0"}};
+    for (const Row& row : rows) {
+        k4suite::MachineSettings settings = k4test::RigSettings();
+        k4cmn::SignSettings& sign = settings.services[0].signs[0].settings;
+        sign.color = static_cast<tag_K4_SIGN_COLOR>(row.color);
+        sign.pixel = static_cast<tag_K4_PIXEL_TECH>(row.pixel);
+        sign.orientation = static_cast<tag_K4_OUTPUT_ORIENTATION>(row.orientation);
+        EngineRig rig(settings);
+        const std::vector<std::string> config = rig.Config();
+        EXPECT_EQ(config[2] + " " + config[3] + " " + config[4], row.config);
+        rig.Picture();
+        rig.Bulbs();
+    }
+}
+
 TEST(EngineSettings, NoMachineAtAllMakesNothingReachable) {
     EngineRig rig{k4suite::MachineSettings()};
     EXPECT_NE(rig.rpc->k4ssConnectSignAsUser(".", nullptr, nullptr, nullptr), 0);

@@ -182,4 +182,19 @@ std::int32_t EngineRig::Play(const std::string& file, std::int32_t mode, std::ui
                                  static_cast<tag_K4_PLAY_SEQ_MODE>(mode), param);
 }
 
+void EngineRig::KeepBusy() {
+    const char* const main = "Main";
+    Expect(rpc->k4ssSetDimming(main, K4_SIGN_DIM_MANUAL, 77) == 0);
+    Expect(rpc->k4ssSetDimming(main, K4_SIGN_DIM_PHOTOCELL, -33) == 0);
+    Expect(rpc->k4ssWindowEnable(main, 2, 1) == 0);
+    Expect(rpc->k4ssWindowMove(main, 2, -5, 40) == 0);
+    Expect(rpc->k4ssWindowMove(main, 16, 3, 8) == 0);
+    Expect(rpc->k4ssQueueSequence(main, "S:\\show.SQ4", K4_PLAY_SEQ_NUM_TIMES, 0xFFFFFFFF) == 0);
+    Expect(rpc->k4ssQueueWindowEnable(main, 2, 0) == 0);
+    Expect(rpc->k4ssQueueWindowMove(main, 3, -1, -2) == 0);
+    Expect(rpc->k4ssSetDefaultSequence(main, "S:\\film.avi", K4_PLAY_SEQ_NUM_TIMES, 12) == 0);
+    Expect(rpc->k4ssRunSchedule(main, "S:\\day.SD4", 0) == 0);
+    Expect(Play("S:\\show.SQ4", K4_PLAY_SEQ_NUM_TIMES, 3) == 0);
+}
+
 }  // namespace k4test

@@ -70,6 +70,8 @@ class EngineRig {
     std::vector<std::uint8_t> Bulbs(const std::string& sign = "Main");
     std::int32_t Play(const std::string& file, std::int32_t mode, std::uint32_t param = 0,
                       const std::string& sign = "Main");
+    /// Gives "Main" something of everything that a sign keeps; it plays "S:\\show.SQ4" three times.
+    void KeepBusy();
     /// The file that keeps a sign's state, relative to the state folder.
     static std::string StateFile(const std::string& sign = "Main") {
         return "Local/" + sign + ".json";
