@@ -1,10 +1,11 @@
 #include "apps/workbench/FaultMenu.h"
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
 #include <chrono>
-#include <utility>
+#include <vector>
 
 #include "suite/signservice/SignEngine.h"
 
@@ -34,14 +35,26 @@ QString Tr(const char* text) {
 }  // namespace
 
 void AddFaultMenu(QMenuBar& bar, k4suite::SignEngine& engine,
-                  std::function<std::string()> chosenService) {
+                  std::function<std::string()> chosenService, std::function<void()> repaired) {
     QMenu* menu = bar.addMenu(Tr("&Machine"));
-    for (const FaultEntry& entry : kFaults)
-        menu->addAction(Tr(entry.text), menu, [&engine, chosenService, make = entry.make] {
-            engine.SetFault(chosenService(), make());
-        });
+    menu->setObjectName(QStringLiteral("machine"));
+    std::vector<QAction*> entries;
+    for (const FaultEntry& entry : kFaults) {
+        entries.push_back(
+            menu->addAction(Tr(entry.text), menu, [&engine, chosenService, make = entry.make] {
+                engine.SetFault(chosenService(), make());
+            }));
+    }
+    QObject::connect(menu, &QMenu::aboutToShow, menu, [entries, chosenService] {
+        const bool chosen = !chosenService().empty();
+        for (QAction* entry : entries)
+            entry->setEnabled(chosen);
+    });
     menu->addSeparator();
-    menu->addAction(Tr("&Repair All Machines"), menu, [&engine] { engine.ClearFaults(); });
+    menu->addAction(Tr("&Repair All Machines"), menu, [&engine, repaired] {
+        engine.ClearFaults();
+        repaired();
+    });
 }
 
 }  // namespace workbench

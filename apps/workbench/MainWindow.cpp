@@ -32,6 +32,15 @@ namespace {
 constexpr int kServiceRole = Qt::UserRole;
 constexpr int kSignRole = Qt::UserRole + 1;
 
+/// Shows that the program is busy, for the life of a scope.
+class WaitCursor {
+ public:
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
 }  // namespace
 
 MainWindow::MainWindow(k4suite::EmbeddedSuite& suite) : m_suite(suite), m_tree(new QTreeWidget) {
@@ -121,12 +130,14 @@ void MainWindow::BuildMenus() {
 
 void MainWindow::BuildFaultMenu() {
     if (k4suite::SignEngine* engine = m_suite.Engine())
-        AddFaultMenu(*menuBar(), *engine, [this] { return m_service; });
+        AddFaultMenu(
+            *menuBar(), *engine, [this] { return m_service; }, [this] { RefreshSigns(); });
 }
 
 void MainWindow::RefreshSigns() {
     const std::string service = m_service;
     const std::string sign = m_sign;
+    const WaitCursor wait;
     m_tree->clear();
     std::vector<std::string> services;
     CK4Registry::GetRegistryServices(services);
@@ -135,20 +146,34 @@ void MainWindow::RefreshSigns() {
     m_tree->expandAll();
     for (int column = 0; column < m_tree->columnCount(); ++column)
         m_tree->resizeColumnToContents(column);
-    if (!SelectSign(service, sign) && m_tree->topLevelItemCount() > 0) {
-        if (QTreeWidgetItem* first = m_tree->topLevelItem(0)->child(0))
-            m_tree->setCurrentItem(first);
-    }
+    SelectAgain(service, sign);
     SelectionChanged();
+}
+
+void MainWindow::SelectAgain(const std::string& service, const std::string& sign) {
+    if (!service.empty()) {
+        // A chosen sign that can't be listed now isn't exchanged for another one behind a person's
+        // back: its machine is chosen instead.
+        if (!SelectSign(service, sign))
+            SelectSign(service, {});
+        return;
+    }
+    for (QTreeWidgetItemIterator it(m_tree); *it; ++it) {
+        if (!(*it)->data(0, kSignRole).toString().isEmpty()) {
+            m_tree->setCurrentItem(*it);
+            return;
+        }
+    }
 }
 
 void MainWindow::AddService(const std::string& service) {
     auto* machine = new QTreeWidgetItem(m_tree, {ToQt(service)});
     machine->setData(0, kServiceRole, ToQt(service));
 
+    const k4cmn::CriticalSectionLock lock(CK4CmnSS::m_cs);
     CK4CmnSS client;
     std::vector<std::string> signs;
-    if (!client.GetSignList(service, signs)) {
+    if (!client.ConnectService(service) || !client.GetSignList(signs)) {
         auto* words = new QTreeWidgetItem(machine, {ToQt(client.GetLastError())});
         words->setFlags(Qt::NoItemFlags);
         words->setFirstColumnSpanned(true);
@@ -156,18 +181,19 @@ void MainWindow::AddService(const std::string& service) {
     }
     for (const std::string& sign : signs) {
         SignLook look;
-        client.GetSignConfig(service, sign, &look.rows, &look.columns, &look.color, &look.pixel,
-                             nullptr, nullptr, nullptr);
-        auto* item = new QTreeWidgetItem(machine, {ToQt(sign), SizeWords(look), ColorWords(look)});
+        const int known = client.GetSignConfig(sign, &look.rows, &look.columns, &look.color,
+                                               &look.pixel, nullptr, nullptr, nullptr);
+        auto* item = new QTreeWidgetItem(machine, {ToQt(sign)});
         item->setData(0, kServiceRole, ToQt(service));
         item->setData(0, kSignRole, ToQt(sign));
+        item->setText(1, known ? SizeWords(look) : tr("unknown"));
+        item->setText(2, known ? ColorWords(look) : QString());
     }
 }
 
 int MainWindow::SelectSign(const std::string& service, const std::string& sign) {
     for (QTreeWidgetItemIterator it(m_tree); *it; ++it) {
-        const QVariant ofItem = (*it)->data(0, kSignRole);
-        if (!ofItem.isNull() && FromQt(ofItem.toString()) == sign &&
+        if (FromQt((*it)->data(0, kSignRole).toString()) == sign &&
             FromQt((*it)->data(0, kServiceRole).toString()) == service) {
             m_tree->setCurrentItem(*it);
             return 1;
@@ -185,15 +211,16 @@ void MainWindow::SelectionChanged() {
         sign = FromQt(chosen.first()->data(0, kSignRole).toString());
     }
     const bool same = service == m_service && sign == m_sign;
+    if (same && !m_view->IsEmpty())
+        return;
     m_service = service;
     m_sign = sign;
+    m_look = {};
     UpdateActions();
-    if (same)
-        return;
     m_title->setText(sign.empty() ? ToQt(service) : ToQt(service + " \\ " + sign));
     m_facts->clear();
     m_state->clear();
-    m_view->SetWords(sign.empty() ? tr("Choose a sign.") : QString());
+    m_view->SetWords(sign.empty() ? tr("Choose a sign.") : tr("Reading the sign…"));
     m_watcher->Watch(service, sign);
 }
 
@@ -210,6 +237,7 @@ void MainWindow::ShowLook(const QString& service, const QString& sign, const Sig
 void MainWindow::ShowFailure(const QString& service, const QString& sign, const QString& words) {
     if (FromQt(service) != m_service || FromQt(sign) != m_sign)
         return;
+    m_look = {};
     m_view->SetWords(words);
     m_facts->clear();
     m_state->setText(words);

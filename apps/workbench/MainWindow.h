@@ -31,15 +31,17 @@ class MainWindow final : public QMainWindow {
 
     /// Reads machines and signs anew.
     void RefreshSigns();
-    /// Chooses a sign. @return 1, or 0 if the list doesn't hold it.
+    /// Chooses a sign, or with an empty sign a machine. @return 1, or 0 if the list doesn't hold
+    /// it.
     int SelectSign(const std::string& service, const std::string& sign);
     /// The chosen sign; empty texts if none is.
     const std::string& Service() const { return m_service; }
     const std::string& Sign() const { return m_sign; }
     /// The menu entry of a dialog, by the name of its class; null if there is none.
     QAction* DialogAction(const char* name) const;
-    /// How many times the picture was drawn anew, and the flag that it was drawn for.
+    /// How many times the picture was drawn anew.
     std::uint32_t PicturesShown() const { return m_picturesShown; }
+    /// What is shown of the chosen sign; an empty look while nothing is.
     const SignLook& LastLook() const { return m_look; }
 
  private:
@@ -47,6 +49,7 @@ class MainWindow final : public QMainWindow {
     void BuildFaultMenu();
     QWidget* BuildSignPage();
     void AddService(const std::string& service);
+    void SelectAgain(const std::string& service, const std::string& sign);
     void SelectionChanged();
     void ShowLook(const QString& service, const QString& sign, const SignLook& look);
     void ShowFailure(const QString& service, const QString& sign, const QString& words);

@@ -5,8 +5,9 @@
 
 namespace workbench {
 
-/// The picture of a sign, lamp by lamp: as large as the widget allows, in whole or half lamps, on
-/// the black face of a sign, with the lamps drawn round where they are large enough to be seen.
+/// The picture of a sign, lamp by lamp: as large as the widget allows, in a whole number of
+/// pixels a lamp where there is room for that, on the black face of a sign, with the lamps drawn
+/// round where they are large enough to be seen.
 class SignView final : public QWidget {
     Q_OBJECT
 
@@ -17,6 +18,9 @@ class SignView final : public QWidget {
     /// Shows words in place of a picture.
     void SetWords(const QString& words);
     const QImage& Picture() const { return m_picture; }
+    const QString& Words() const { return m_words; }
+    /// Whether neither a picture nor words are shown.
+    bool IsEmpty() const { return m_picture.isNull() && m_words.isEmpty(); }
 
     QSize sizeHint() const override { return {720, 320}; }
     QSize minimumSizeHint() const override { return {240, 120}; }

@@ -5,6 +5,7 @@
 #include <chrono>
 
 #include "k4cmndlg/clients/CK4CmnSS.h"
+#include "k4cmndlg/filestore/SignLimits.h"
 #include "k4cmndlg/frame/Text.h"
 
 namespace workbench {
@@ -33,20 +34,32 @@ QImage ImageOfDib(const std::string& dib) {
     return QImage::fromData(file, "BMP").convertToFormat(QImage::Format_RGB32);
 }
 
-int LookAtSign(CK4CmnSS& client, const std::string& sign, SignLook& look) {
-    if (!client.GetSignConfig(sign, &look.rows, &look.columns, &look.color, &look.pixel,
-                              &look.dimMode, &look.dimLevel, &look.photocellOffset))
-        return 0;
-    if (!client.GetSignStatus(sign, &look.state, &look.sequence, &look.frame, &look.mode,
-                              &look.param, &look.frameCount))
-        return 0;
-    const std::uint64_t bytes = kDibHeader + std::uint64_t{4} * look.rows * look.columns;
-    std::string dib(bytes, '\0');
+int LookAtSign(CK4CmnSS& client, const std::string& sign, SignLook& look, std::string& words) {
+    std::string dib;
     std::uint32_t length = 0;
-    if (!client.GetDIB(sign, dib.data(), static_cast<std::uint32_t>(bytes), &length))
+    if (!client.GetSignConfig(sign, &look.rows, &look.columns, &look.color, &look.pixel,
+                              &look.dimMode, &look.dimLevel, &look.photocellOffset) ||
+        !client.GetSignStatus(sign, &look.state, &look.sequence, &look.frame, &look.mode,
+                              &look.param, &look.frameCount)) {
+        words = client.GetLastError();
         return 0;
+    }
+    // The size comes from a service; what no sign can have isn't room to be made.
+    if (std::uint64_t{look.rows} * look.columns > k4cmn::kMaxSignPixels) {
+        words = "The sign reports a size that no sign has.";
+        return 0;
+    }
+    dib.resize(kDibHeader + std::size_t{4} * look.rows * look.columns);
+    if (!client.GetDIB(sign, dib.data(), static_cast<std::uint32_t>(dib.size()), &length)) {
+        words = client.GetLastError();
+        return 0;
+    }
     dib.resize(std::min<std::size_t>(length, dib.size()));
     look.picture = ImageOfDib(dib);
+    if (look.picture.isNull()) {
+        words = "The sign's picture can't be read.";
+        return 0;
+    }
     return 1;
 }
 
@@ -101,8 +114,8 @@ void SignWatcher::run() {
                 if (client.ConnectService(service) &&
                     client.GetChangeFlag(sign, &look.changeFlag)) {
                     changed = !seen || look.changeFlag != lastFlag;
-                    if (changed && !LookAtSign(client, sign, look))
-                        words = client.GetLastError();
+                    if (changed)
+                        LookAtSign(client, sign, look, words);
                 } else {
                     words = client.GetLastError();
                 }

@@ -64,8 +64,8 @@ class SignWatcher final : public QThread {
 };
 
 /// Fetches everything about a sign over an open connection.
-/// @return 1, or 0 with the client's words in `client`.
-int LookAtSign(CK4CmnSS& client, const std::string& sign, SignLook& look);
+/// @return 1, or 0 with the words in `words`.
+int LookAtSign(CK4CmnSS& client, const std::string& sign, SignLook& look, std::string& words);
 
 /// Decodes a device-independent bitmap. @return a null image if it isn't one.
 QImage ImageOfDib(const std::string& dib);

@@ -47,11 +47,12 @@ QString FactWords(const SignLook& look) {
 }
 
 QString StateWords(const SignLook& look) {
-    return Tr("%1  %2    Frame %3 of %4    %5")
+    return Tr("%1  %2    Frame %3 of %4    %5, param %6")
         .arg(k4cmn::ToQt(look.state), k4cmn::ToQt(look.sequence))
         .arg(look.frame)
         .arg(look.frameCount)
-        .arg(ModeName(look.mode));
+        .arg(ModeName(look.mode))
+        .arg(look.param);
 }
 
 }  // namespace workbench

@@ -80,24 +80,38 @@ bool Tour::Until(const std::function<bool()>& holds, int milliseconds) {
     return QTest::qWaitFor(holds, milliseconds);
 }
 
+bool Tour::TriggerAndDrive(QAction& action, const std::function<void(QWidget&)>& drive) {
+    bool driven = false;
+    bool overdue = false;
+    // The window runs inside trigger(); both timers fire within its event loop.
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
+        QWidget* window = QApplication::activeModalWidget();
+        if (!window || !window->isVisible())
+            return;
+        poll.stop();
+        driven = true;
+        drive(*window);
+    });
+    QTimer watchdog;
+    QObject::connect(&watchdog, &QTimer::timeout, &watchdog, [&] {
+        overdue = true;
+        poll.stop();
+        watchdog.setInterval(100);
+        if (QWidget* window = QApplication::activeModalWidget())
+            window->close();
+    });
+    poll.start(20);
+    watchdog.start(20000);
+    action.trigger();
+    return driven && !overdue;
+}
+
 bool Tour::InDialog(const char* name, const std::function<void(QWidget&)>& drive) {
     QAction* action = m_window.DialogAction(name);
     if (!m_record.Step(action && action->isEnabled(), Format("the menu offers %s", name)))
         return false;
-    bool driven = false;
-    // The dialog runs inside trigger(); this comes up within its event loop.
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
-        QWidget* dialog = QApplication::activeModalWidget();
-        if (!dialog || !dialog->isVisible())
-            return;
-        poll.stop();
-        driven = true;
-        drive(*dialog);
-    });
-    poll.start(20);
-    action->trigger();
-    return m_record.Step(driven, Format("%s opened and closed", name));
+    return m_record.Step(TriggerAndDrive(*action, drive), Format("%s opened and closed", name));
 }
 
 void Tour::SeeSigns() {
@@ -229,20 +243,14 @@ void Tour::MeetUnreachableMachine() {
     const std::string service = m_window.Service();
     m_suite.Engine()->SetFault(service, k4suite::Fault::Unreachable());
     QString words;
-    QAction* action = m_window.DialogAction("CK4CmnDlgWindowControl");
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (!box)
-            return;
-        poll.stop();
-        words = box->text();
-        m_record.Picture(*box, "unreachable");
-        QTest::keyClick(box, Qt::Key_Return);
-    });
-    poll.start(20);
-    action->trigger();
-    m_record.Step(words == QStringLiteral("Sign service unavailable."),
+    const bool shown =
+        TriggerAndDrive(*m_window.DialogAction("CK4CmnDlgWindowControl"), [&](QWidget& window) {
+            if (auto* box = qobject_cast<QMessageBox*>(&window))
+                words = box->text();
+            m_record.Picture(window, "unreachable");
+            QTest::keyClick(&window, Qt::Key_Return);
+        });
+    m_record.Step(shown && words == QStringLiteral("Sign service unavailable."),
                   "an unreachable machine is told: " + FromQt(words));
     m_suite.Engine()->ClearFaults();
     CK4CmnSS client;

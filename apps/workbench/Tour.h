@@ -1,9 +1,9 @@
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <string>
 
+class QAction;
 class QWidget;
 
 namespace k4suite {
@@ -35,6 +35,10 @@ class Tour {
 
     /// Opens a dialog by its menu entry and hands it to `drive`, which ends it.
     bool InDialog(const char* name, const std::function<void(QWidget& dialog)>& drive);
+    /// Triggers an action that runs a modal window, and hands the first one that comes up to
+    /// `drive`. Windows that stay open beyond a time are closed, so that a tour always ends.
+    /// @return whether one came up and none had to be closed.
+    static bool TriggerAndDrive(QAction& action, const std::function<void(QWidget& window)>& drive);
     /// Waits until something holds. @return whether it did within the time.
     static bool Until(const std::function<bool()>& holds, int milliseconds = 10000);
 
