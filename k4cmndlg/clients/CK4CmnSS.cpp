@@ -1,5 +1,7 @@
 #include "k4cmndlg/clients/CK4CmnSS.h"
 
+#include <algorithm>
+
 #include "k4cmndlg/clients/CK4CmnSSFrame.h"
 #include "k4cmndlg/clients/ReplyFields.h"
 
@@ -92,12 +94,8 @@ int CK4CmnSS::ParseTabSepBuf(std::string& field, std::string_view buffer) {
         m_strLastError.clear();
         if (!buffer.empty())
             m_strParseBuf = buffer;
-        if (m_strParseBuf.empty())
-            return 0;
-        const std::size_t tab = m_strParseBuf.find('\t');
-        field.assign(m_strParseBuf, 0, tab);
-        m_strParseBuf.erase(0, tab == std::string::npos ? tab : tab + 1);
-        return 1;
+        const auto store = [&field](std::string_view taken) { field = taken; };
+        return k4cmn::TakeField(m_strParseBuf, store) ? 1 : 0;
     });
 }
 

@@ -48,13 +48,20 @@ int CK4CmnSS::Replied(const char* words, Parse parse, Arguments... arguments) {
     return Bordered(words, [&] { return parse(reply.Text()); });
 }
 
+/// Connects and calls the plain overload. Has a border of its own, so that the words of a failure
+/// are written while the lock is still held.
+template <class Call>
+int CK4CmnSS::UnderLock(const std::string& service, Call call) {
+    return Bordered(kServiceUnavailable, [&] { return ConnectService(service) ? call() : 0; });
+}
+
 /// A service overload: connects under the lock and calls the plain overload. What the lock reports
-/// isn't looked at.
+/// isn't looked at. The outer border is for a lock that can't be taken at all.
 template <class Call>
 int CK4CmnSS::OverService(const std::string& service, Call call) {
     return Bordered(kServiceUnavailable, [&] {
         const k4cmn::CriticalSectionLock lock(m_cs, m_dwLockTimeout);
-        return ConnectService(service) ? call() : 0;
+        return UnderLock(service, call);
     });
 }
 
@@ -68,6 +75,6 @@ int CK4CmnSS::OverTestedLock(const std::string& service, std::uint32_t dwLockTim
             m_strLastError.clear();
             return 0;
         }
-        return ConnectService(service) ? call() : 0;
+        return UnderLock(service, call);
     });
 }

@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::uint32_t kReplyCapacity = 1024;
 constexpr std::uint32_t kFrameTextCapacity = 1024;
-constexpr std::uint32_t kRunningNameCapacity = 261;
 constexpr std::uint32_t kDefaultSequenceCapacity = 270;
 
 }  // namespace
@@ -74,8 +73,8 @@ int CK4CmnSS::GetSignSchedSeq(const std::string& sign, std::string* schedule, st
                               std::uint32_t* word) {
     constexpr const char* words = "Could not get sequence/schedule status from service";
     return Bordered(words, [&] {
-        CallersText<kRunningNameCapacity> first(schedule);
-        CallersText<kRunningNameCapacity> second(sequence);
+        CallersText<K4_SEQUENCE_NAME_ROOM> first(schedule);
+        CallersText<K4_SEQUENCE_NAME_ROOM> second(sequence);
         std::uint32_t firstCapacity = first.Size();
         std::uint32_t secondCapacity = second.Size();
         std::uint32_t outWord = 0;
@@ -124,7 +123,7 @@ int CK4CmnSS::GetSignStatus(const std::string& sign, std::string* text1, std::st
                             std::uint32_t* word3) {
     const auto parse = [&](std::string_view reply) {
         m_strParseBuf = reply;
-        ReplyFields fields([this](std::string& field) { return ParseTabSepBuf(field, {}); });
+        ReplyFields fields(m_strParseBuf);
         fields.Text(text1);
         fields.Text(text2);
         fields.Number(word1);
@@ -143,7 +142,7 @@ int CK4CmnSS::GetSignConfig(const std::string& sign, std::uint32_t* rows, std::u
                             std::int32_t* photocellOffset) {
     const auto parse = [&](std::string_view reply) {
         m_strParseBuf = reply;
-        ReplyFields fields([this](std::string& field) { return ParseTabSepBuf(field, {}); });
+        ReplyFields fields(m_strParseBuf);
         fields.Number(rows);
         fields.Number(columns);
         fields.Replaced(color, 0, 15, K4_SIGN_COLOR_MONO1);

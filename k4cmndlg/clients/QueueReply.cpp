@@ -15,7 +15,7 @@ class EntryFields {
     explicit EntryFields(ReplyTokens& tokens) : m_tokens(tokens) {}
 
     /// Cut at the room for it, and filled up with zeros.
-    bool Name(char (&name)[261]) {
+    bool Name(char (&name)[K4_SEQUENCE_NAME_ROOM]) {
         if (!m_tokens.Next(m_token))
             return false;
         const std::string_view kept = m_token.substr(0, std::size(name) - 1);

@@ -39,42 +39,64 @@ class K4CMNCORE_EXPORT ReplyTokens {
     std::string_view m_separators;
 };
 
+/// Takes the first field, which may be empty, off a text whose fields are separated by tabs. Takes
+/// no memory.
+/// @param rest what is left of the text; loses the field and its tab.
+/// @param take gets the field, as a view that ends with the call.
+/// @return false at the end of the text.
+template <class Take>
+bool TakeField(std::string& rest, Take take) {
+    if (rest.empty())
+        return false;
+    const std::size_t tab = rest.find('\t');
+    take(std::string_view(rest).substr(0, tab));
+    rest.erase(0, tab == std::string::npos ? tab : tab + 1);
+    return true;
+}
+
 /// Hands the fields of a reply to outputs, one a call, in the order of the reply. A field that the
 /// reply doesn't hold leaves its output as it was, and so does a null output; the walk goes on.
-/// @tparam NextField takes the next field into a std::string&; false at the end.
-template <class NextField>
 class ReplyFields {
  public:
-    explicit ReplyFields(NextField next) : m_next(next) {}
+    /// @param rest the reply, from which each call takes a field; must outlive the object.
+    explicit ReplyFields(std::string& rest) : m_rest(rest) {}
 
     void Text(std::string* output) {
-        if (m_next(m_field) && output)
-            *output = m_field;
+        Take(output, [](std::string_view field, std::string& text) { text = field; });
     }
     template <class Word>
     void Number(Word* output) {
-        if (m_next(m_field) && output)
-            TakeNumber(m_field, *output);
+        Take(output, [](std::string_view field, Word& word) { TakeNumber(field, word); });
     }
     /// A number out of its bounds is replaced by `other`.
     template <class Value>
     void Replaced(Value* output, std::int32_t lowest, std::int32_t highest, std::int32_t other) {
-        if (m_next(m_field) && output) {
-            const std::int32_t number = DecimalNumber(m_field);
+        Take(output, [=](std::string_view field, Value& value) {
+            const std::int32_t number = DecimalNumber(field);
             const bool within = lowest <= number && number <= highest;
-            *output = static_cast<Value>(within ? number : other);
-        }
+            value = static_cast<Value>(within ? number : other);
+        });
     }
     /// A number out of its bounds becomes the nearer one.
     void Clamped(std::int32_t* output, std::int32_t lowest, std::int32_t highest) {
-        if (m_next(m_field) && output)
-            *output = std::clamp(DecimalNumber(m_field), lowest, highest);
+        Take(output, [=](std::string_view field, std::int32_t& number) {
+            number = std::clamp(DecimalNumber(field), lowest, highest);
+        });
     }
-    void Dropped() { m_next(m_field); }
+    void Dropped() {
+        TakeField(m_rest, [](std::string_view) {});
+    }
 
  private:
-    NextField m_next;
-    std::string m_field;
+    template <class Output, class Store>
+    void Take(Output* output, Store store) {
+        TakeField(m_rest, [&](std::string_view field) {
+            if (output)
+                store(field, *output);
+        });
+    }
+
+    std::string& m_rest;
 };
 
 }  // namespace k4cmn

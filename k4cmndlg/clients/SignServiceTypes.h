@@ -45,6 +45,9 @@ inline constexpr std::int32_t K4_DIM_OFFSET_MAX = 64;
 /// The most windows that a sign has. They are numbered from 1.
 inline constexpr std::uint32_t K4_MAX_SIGN_WINDOWS = 16;
 
+/// The room for the name of a sequence or a schedule in what the service tells, in bytes.
+inline constexpr std::uint32_t K4_SEQUENCE_NAME_ROOM = 261;
+
 /// The tags of a display queue's entries.
 inline constexpr std::uint32_t K4_QUEUE_SEQUENCE = 1;
 inline constexpr std::uint32_t K4_QUEUE_WINDOW_ENABLE = 2;
@@ -55,9 +58,9 @@ inline constexpr std::uint32_t K4_QUEUE_WINDOW_MOVE = 3;
 struct K4_DISPLAY_QUEUE {
     /// Used by tag 1.
     struct Sequence {
-        char szSequence[261];            ///< name of the sequence, zero-terminated
-        tag_K4_PLAY_SEQ_MODE ePlayMode;  ///< how to play it
-        std::uint32_t dwPlayParam;       ///< the mode's number
+        char szSequence[K4_SEQUENCE_NAME_ROOM];  ///< name of the sequence, zero-terminated
+        tag_K4_PLAY_SEQ_MODE ePlayMode;          ///< how to play it
+        std::uint32_t dwPlayParam;               ///< the mode's number
     };
     /// Used by tags 2 and 3.
     struct Window {

@@ -20,6 +20,11 @@ class QSlider;
 /// of the move does nothing, so that members behind it keep their values.
 class K4CMNDLG_EXPORT CDataExchange {
  public:
+    /// Begins a move. It does nothing by itself: CDialog::UpdateData makes one and hands it to the
+    /// dialog's DoDataExchange.
+    /// @param pDlgWnd the dialog, in front of which a refusal is shown. It outlives this object,
+    /// which doesn't own it. @param saveAndValidate the direction, see m_bSaveAndValidate.
+    /// Threads: the user interface thread.
     CDataExchange(CDialog* pDlgWnd, bool saveAndValidate);
 
     /// True: from the controls to the members, with checks. False: from the members to the
@@ -50,6 +55,8 @@ class K4CMNDLG_EXPORT CDataExchange {
 /// @name Moving data. Each names its control for the check that follows it. A control that is
 /// loaded tells nobody of its change: the handlers of a dialog run when a person changes something.
 /// @{
+/// The text of a field as it stands, of any length and also empty: it is never refused. Loading a
+/// text that the field shows already leaves its cursor and what can be undone.
 K4CMNDLG_EXPORT void DDX_Text(CDataExchange* pDX, QLineEdit* edit, std::string& value);
 /// A text that is no integer of 32 bits is refused: "Enter an integer."
 K4CMNDLG_EXPORT void DDX_Text(CDataExchange* pDX, QLineEdit* edit, std::int32_t& value);
@@ -61,6 +68,8 @@ K4CMNDLG_EXPORT void DDX_Radio(CDataExchange* pDX, std::initializer_list<QRadioB
 /// The text of a combo box. Loading selects the entry with exactly that text, or none; an editable
 /// one shows the text in either case.
 K4CMNDLG_EXPORT void DDX_CBString(CDataExchange* pDX, QComboBox* combo, std::string& value);
+/// The position of a slider, in its own units. Loading a number outside of the slider's range moves
+/// it to the nearer end; the member keeps the number until it is read back.
 K4CMNDLG_EXPORT void DDX_Slider(CDataExchange* pDX, QSlider* slider, int& value);
 /// @}
 

@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
+#include <exception>
 
 #include "k4cmndlg/frame/HyperLinkAccess.h"
 #include "k4cmndlg/frame/LinkOpening.h"
@@ -31,6 +32,14 @@ QRect FittedRect(const QRect& rect, const QSize& text, Qt::Alignment alignment) 
         fitted.moveRight(rect.right());
     return fitted;
 }
+
+/// The wait cursor over all windows, for the life of the object.
+class WaitCursor {
+ public:
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    Q_DISABLE_COPY_MOVE(WaitCursor)
+};
 
 }  // namespace
 
@@ -120,18 +129,19 @@ void CK4CmnHyperLink::AdjustToFit() {
     setGeometry(FittedRect(geometry(), size, alignment()));
 }
 
-void CK4CmnHyperLink::Click() {
+void CK4CmnHyperLink::Click() try {
     const QPointer<CK4CmnHyperLink> self(this);
-    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const WaitCursor wait;
     const std::uint32_t code = k4cmn::OpenLink(m_strURL);
-    if (self) {
-        m_bVisited = code > k4cmn::kLastOpenError ? 1 : 0;
-        if (m_bVisited)
-            SetVisited(1);
-        else
-            ReportError(code);
-    }
-    QApplication::restoreOverrideCursor();
+    if (!self)
+        return;
+    m_bVisited = code > k4cmn::kLastOpenError ? 1 : 0;
+    if (m_bVisited)
+        SetVisited(1);
+    else
+        ReportError(code);
+} catch (const std::exception&) {
+    // The failure couldn't be shown, and there is nobody else to tell.
 }
 
 void CK4CmnHyperLink::ReportError(std::uint32_t code) {

@@ -47,7 +47,10 @@ class K4CMNDLG_EXPORT CK4CmnHyperLink : public QLabel {
     QRgb GetVisitedColour() const { return m_crVisited; }
     QRgb GetHoverColour() const { return m_crHover; }
 
+    /// Shows the link as visited (not 0) or as not yet visited (0), as a click does by itself: it
+    /// is visited when it could be opened.
     void SetVisited(int visited = 1);
+    /// Not 0 for a visited link.
     int GetVisited() const { return m_bVisited; }
 
     /// The cursor over the control. Without one, a pointing hand is taken when it is attached.
@@ -55,7 +58,10 @@ class K4CMNDLG_EXPORT CK4CmnHyperLink : public QLabel {
     /// The cursor; the plain arrow while there is none.
     QCursor GetLinkCursor() const;
 
+    /// Underlines the text (not 0) or not (0), at once if the control is attached, and when it will
+    /// be. It begins underlined.
     void SetUnderline(int underline = 1);
+    /// Not 0 if the text is underlined.
     int GetUnderline() const { return m_bUnderline; }
 
     /// Sizes the control to its text, at once if it is attached, and when it will be.
@@ -97,6 +103,7 @@ class K4CMNDLG_EXPORT CK4CmnHyperLink : public QLabel {
     std::string m_strURL;
     QFont m_font;
     std::unique_ptr<QCursor> m_hLinkCursor;
+    // There is no m_toolTip: the toolkit's widget holds its tool tip itself.
     bool m_attached = false;
     bool m_pressed = false;
 };

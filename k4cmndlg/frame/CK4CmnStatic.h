@@ -37,8 +37,8 @@ class K4CMNDLG_EXPORT CK4CmnStatic : public QLabel {
     /// @param wParam the device context: a QPainter*, null for none.
     /// @param result takes the background: the address of a QBrush that outlives the control. Null
     ///               if it isn't wanted.
-    /// @return 1 if handled: with m_bWhiteBackground set, every message. Else what the base says,
-    /// 0.
+    /// @return 1 if handled: with m_bWhiteBackground set, every message. Else what the base says:
+    ///         0.
     virtual int OnChildNotify(std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam,
                               std::intptr_t* result);
 

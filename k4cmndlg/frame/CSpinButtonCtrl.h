@@ -33,6 +33,11 @@ class K4CMNDLG_EXPORT CSpinButtonCtrl : public QWidget {
     explicit CSpinButtonCtrl(QWidget* parent = nullptr);
     ~CSpinButtonCtrl() override;
 
+    /// Joins the spin to a field, which gets the keys and the arrows from now on. The field that it
+    /// had before is let go as it stands: it keeps its text and gets its keys back for itself. A
+    /// step that is being held ends.
+    /// @param buddy null leaves the spin without a field, its arrows disabled, until the next call.
+    /// A field that is deleted leaves it without one too: its arrows then do nothing.
     void SetBuddy(QLineEdit* buddy);
     /// The bounds of SetPos(), both inside.
     void SetRange(std::int32_t lower, std::int32_t upper);

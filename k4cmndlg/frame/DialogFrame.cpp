@@ -20,12 +20,24 @@ bool IsTabStop(const QWidget* control, const QWidget* dialog) {
            control->isEnabled() && control->isVisibleTo(dialog) && control->window() == dialog;
 }
 
+/// Whether an event is a press of the F1 key with exactly these modifiers.
+bool IsF1(const QEvent& event, Qt::KeyboardModifiers modifiers) {
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return key.key() == Qt::Key_F1 && key.modifiers() == modifiers;
+}
+
 /// The F1 key, a click with the question mark tool, a right click.
 bool IsHelpRequest(const QEvent& event) {
-    if (event.type() != QEvent::KeyPress)
-        return event.type() == QEvent::WhatsThis || event.type() == QEvent::ContextMenu;
-    const auto& key = static_cast<const QKeyEvent&>(event);
-    return key.key() == Qt::Key_F1 && key.modifiers() == Qt::NoModifier;
+    return event.type() == QEvent::WhatsThis || event.type() == QEvent::ContextMenu ||
+           IsF1(event, Qt::NoModifier);
+}
+
+/// Whether a control has an id that isn't just the mark of a label or group frame.
+bool HasOwnId(const QWidget* control) {
+    const std::uint32_t id = GetWindowContextHelpId(control);
+    return id != 0 && (id & 0xFFFF) != kStaticControl;
 }
 
 /// The control behind another one: its buddy, else the next in tab order; null if there is none.
@@ -127,8 +139,12 @@ int DialogFrame::OnContextMenu(QWidget* window, const QPoint&) {
 }
 
 QWidget* DialogFrame::ControlAround(QWidget* part) {
+    if (GetWindowContextHelpId(part) != 0)
+        return part;
+    // A frame around controls is marked like a label, but they are no parts of it: what follows it
+    // says nothing about them.
     QWidget* control = part;
-    while (control && control != this && GetWindowContextHelpId(control) == 0)
+    while (control && control != this && !HasOwnId(control))
         control = control->parentWidget();
     // A control without any id asks for itself: what it has is no help of its own.
     return control && control != this ? control : part;
@@ -155,13 +171,16 @@ void DialogFrame::PassOn() {
 
 bool DialogFrame::eventFilter(QObject* watched, QEvent* event) {
     const bool isQuery = event->type() == QEvent::QueryWhatsThis;
-    if (!isQuery && !IsHelpRequest(*event))
+    const bool isTool = IsF1(*event, Qt::ShiftModifier);
+    if (!isQuery && !isTool && !IsHelpRequest(*event))
         return false;
     if (!watched->isWidgetType() || static_cast<QWidget*>(watched)->window() != this)
         return false;
+    if (isTool)
+        QWhatsThis::enterWhatsThisMode();
     // Everything in the dialog has help, if only that of the dialog.
-    bool handled = isQuery;
-    if (!isQuery && !m_passedOn) {
+    bool handled = isQuery || isTool;
+    if (!handled && !m_passedOn) {
         handled = Ask(static_cast<QWidget*>(watched), event);
         if (!handled)
             PassOn();

@@ -31,11 +31,16 @@ struct HelpRequest {
 /// Help ids. A dialog's own is its resource id plus 0x20000. A control's is the dynamic property
 /// `helpId` of the layout or, without one, the dialog's resource id in the high word and the
 /// `controlId` in the low word; a label or group frame without a `controlId` has 0xFFFF there. A
-/// part of a control (the field inside a combo box) asks for the control around it.
+/// part of a control (the field inside a combo box) asks for the control around it; a group frame
+/// without an id of its own is no such control.
 ///
 /// Requests. F1 asks for the control with the focus, the question mark tool for the one that is
-/// clicked on, a right click likewise. The control behind a label is its buddy if that can be
-/// reached by the Tab key now, otherwise the next one in tab order that can.
+/// clicked on, a right click likewise. Shift+F1 takes up the question mark tool, also where the
+/// title bar doesn't show it, and lays it down again: it is the way to the help of a control that
+/// is disabled and can't have the focus.
+/// The control behind a label is its buddy if that can be reached by the Tab key now, otherwise the
+/// next one in tab order that can. The buddy goes first because the toolkit keeps labels out of the
+/// tab order: where a label stands in its chain says nothing once tab stops have rearranged that.
 class K4CMNDLG_EXPORT DialogFrame : public CDialog {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(DialogFrame)
@@ -53,7 +58,8 @@ class K4CMNDLG_EXPORT DialogFrame : public CDialog {
     int OnCreate() override;
     void OnDestroy() override;
     void OnDlgHelp() override;
-    /// The F1 key and the question mark tool. @return 1 if handled.
+    /// The F1 key and the question mark tool (not Shift+F1, which only takes the tool up).
+    /// @return 1 if handled.
     virtual int OnHelpInfo(HelpRequest* request);
     /// A right click on a control, or on the dialog itself. @return 1 if handled.
     virtual int OnContextMenu(QWidget* window, const QPoint& point);

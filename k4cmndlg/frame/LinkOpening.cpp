@@ -1,5 +1,7 @@
 #include "k4cmndlg/frame/LinkOpening.h"
 
+#include <exception>
+
 #include "k4cmndlg/frame/Format.h"
 #include "k4cmndlg/frame/contracts/Shell.h"
 
@@ -34,7 +36,7 @@ constexpr OpenError kOpenErrors[] = {
 
 }  // namespace
 
-std::uint32_t OpenLink(const std::string& text) {
+std::uint32_t OpenLink(const std::string& text) try {
     Shell& shell = Provided<Shell>::Current();
     const std::uint32_t code = shell.OpenVerb(text, SW_SHOW);
     if (code > kLastOpenError)
@@ -43,6 +45,8 @@ std::uint32_t OpenLink(const std::string& text) {
     if (command.empty())
         return code;
     return shell.Execute(LinkCommand(command, text), SW_SHOW);
+} catch (const std::exception&) {
+    return kOutOfResources;
 }
 
 std::string LinkCommand(const std::string& command, const std::string& text) {

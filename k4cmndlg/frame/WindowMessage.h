@@ -13,9 +13,16 @@ namespace k4cmn {
 /// sets the result.
 class K4CMNDLG_EXPORT WindowMessage final : public QEvent {
  public:
+    /// A message that nobody has got yet. SendWindowMessage() and PostWindowMessage() make them;
+    /// one that is made by hand goes the way of any event of the toolkit, and belongs to its queue
+    /// once it is posted. Threads: any.
+    /// @param message the number, @param wParam and @param lParam the parameters: what they mean is
+    /// between sender and handler. A pointer among them is not owned.
     WindowMessage(std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam);
     ~WindowMessage() override;
 
+    /// The type that the toolkit knows these events by: registered at the first call, and the same
+    /// for all of them as long as the program runs. Threads: any.
     static QEvent::Type Type();
     /// The window message that an event is; null if it is any other event.
     static WindowMessage* From(QEvent* event);

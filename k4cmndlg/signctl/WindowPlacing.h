@@ -60,7 +60,11 @@ struct K4CMNCORE_EXPORT WindowPlacing {
     /// cut like rows is meant so.
     std::int32_t RowMaximum() const;
     std::int32_t ColumnMaximum() const;
+    /// The speeds of a row's spin, in rows: 1, or 2 on a quad sign, so that an odd row stays odd;
+    /// 8 after two seconds and 16 after four.
     Speeds RowSpeeds() const;
+    /// The speeds of a column's spin, in columns, on any sign: 8, 16 after two seconds, 32 after
+    /// four. All keep to the grid of 8n + 1.
     static Speeds ColumnSpeeds();
 
     /// The row that a row becomes when its field is left: for quad an even one goes to the next.

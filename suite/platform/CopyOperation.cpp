@@ -23,8 +23,11 @@ bool IsFolder(const std::string& path) {
 
 class CopyOperation {
  public:
-    CopyOperation(std::uint16_t flags, FileOperationUi& ui)
-        : m_flags(flags), m_ui(ui), m_progress(flags & k4cmn::FOF_SILENT ? nullptr : &ui, kTitle) {}
+    CopyOperation(std::uint16_t flags, FileOperationUi& ui, const PlaceOf& placeOf)
+        : m_flags(flags),
+          m_ui(ui),
+          m_placeOf(placeOf),
+          m_progress(flags & k4cmn::FOF_SILENT ? nullptr : &ui, kTitle) {}
 
     std::uint32_t Run(const std::vector<std::string>& from, const std::string& to) {
         for (const std::string& source : from)
@@ -46,6 +49,7 @@ class CopyOperation {
     struct Item {
         std::string source;
         std::string target;
+        bool isInFolder;  ///< the target was composed from the folder and the source's name
         std::uint64_t size;
         dev_t device;
         ino_t node;
@@ -61,10 +65,16 @@ class CopyOperation {
             m_isFailed = true;
         } else {
             const std::uint64_t size = static_cast<std::uint64_t>(status.st_size);
-            m_items.push_back({source, IsFolder(to) ? AbsolutePath(to + "/" + NameOf(source)) : to,
-                               size, status.st_dev, status.st_ino});
+            const bool isInFolder = IsFolder(to);
+            m_items.push_back({source, isInFolder ? AbsolutePath(to + "/" + NameOf(source)) : to,
+                               isInFolder, size, status.st_dev, status.st_ino});
             m_total += size;
         }
+    }
+
+    /// Asked for at the last moment, as the file before may be the one that has the name.
+    std::string TargetOf(const Item& item) const {
+        return item.isInFolder && m_placeOf ? m_placeOf(NameOf(item.source)) : item.target;
     }
 
     CopyResult Copy(const Item& item) {
@@ -72,20 +82,23 @@ class CopyOperation {
         if (!m_progress.Report(m_done, m_total, name))
             return CopyResult::Cancelled;
 
+        const std::string target = TargetOf(item);
+        if (target.empty())
+            return CopyResult::Failed;
         struct stat present;
-        const bool isThere = lstat(item.target.c_str(), &present) == 0;
+        const bool isThere = lstat(target.c_str(), &present) == 0;
         if (isThere) {
-            if (stat(item.target.c_str(), &present) == 0 &&
+            if (stat(target.c_str(), &present) == 0 &&
                 (!S_ISREG(present.st_mode) ||
                  (present.st_dev == item.device && present.st_ino == item.node)))
                 return CopyResult::Failed;
-            const FileAnswer answer = MayReplace(item.target);
+            const FileAnswer answer = MayReplace(target);
             if (answer == FileAnswer::Cancel)
                 return CopyResult::Cancelled;
             if (answer == FileAnswer::No)
                 return CopyResult::Done;
         }
-        return CopyOneFile(item.source, item.target, isThere, [&](std::uint64_t done) {
+        return CopyOneFile(item.source, target, isThere, [&](std::uint64_t done) {
             return m_progress.Report(m_done + std::min(done, item.size), m_total, name);
         });
     }
@@ -112,6 +125,7 @@ class CopyOperation {
 
     std::uint16_t m_flags;
     FileOperationUi& m_ui;
+    const PlaceOf& m_placeOf;
     ProgressScope m_progress;
     std::vector<Item> m_items;
     std::uint64_t m_total = 0;
@@ -124,13 +138,13 @@ class CopyOperation {
 }  // namespace
 
 std::uint32_t CopyFiles(const std::vector<std::string>& from, const std::string& to,
-                        std::uint16_t flags, FileOperationUi& ui) {
+                        std::uint16_t flags, FileOperationUi& ui, const PlaceOf& placeOf) {
     if (from.empty())
         return kFileOperationDone;
     const bool isFolder = IsFolder(to);
     if (to.empty() || (!isFolder && (from.size() > 1 || !IsFolder(FolderOf(to)))))
         return kFileOperationFailed;
-    return CopyOperation(flags, ui).Run(from, to);
+    return CopyOperation(flags, ui, placeOf).Run(from, to);
 }
 
 }  // namespace k4suite

@@ -7,8 +7,8 @@ namespace k4suite {
 
 /// The command of a desktop entry, for opening a document.
 /// @param text the text of a ".desktop" file.
-/// @return its Exec line as a command with "%1" where the document goes (at the end of the command
-///         if the line names no place, the command has none); quoted as SplitCommand() reads it.
+/// @return its Exec line as a command with "%1" where the document goes; without a "%1" if the line
+///         names no place. Quoted as SplitCommand() reads it.
 ///         Empty if the entry isn't an application, is hidden, needs a terminal, or is damaged.
 std::string CommandOfDesktopEntry(const std::string& text);
 

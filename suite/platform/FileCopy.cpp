@@ -14,6 +14,7 @@
 
 #include "suite/platform/Descriptor.h"
 #include "suite/platform/FileSystem.h"
+#include "suite/store/UnfinishedCopy.h"
 
 namespace k4suite {
 
@@ -44,7 +45,7 @@ Descriptor OpenRegular(const std::string& path, struct stat& status) {
 class Unfinished {
  public:
     explicit Unfinished(const std::string& target)
-        : m_name(FolderOf(target) + "/.k4copy-XXXXXX"),
+        : m_name(FolderOf(target) + "/" + std::string(kUnfinishedCopy) + "XXXXXX"),
           m_file(mkostemp(m_name.data(), O_CLOEXEC)),
           m_isThere(static_cast<bool>(m_file)) {}
     ~Unfinished() {

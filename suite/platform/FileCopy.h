@@ -19,6 +19,7 @@ using CopyProgress = std::function<bool(std::uint64_t done)>;
 /// Copies one regular file, with its permissions and its times; a link's target is what is copied,
 /// and holes stay holes. The copy appears under its name only when all of it is on the disk:
 /// whatever goes wrong or is cancelled leaves nothing behind and the file that was there as it was.
+/// Until then its name begins with kUnfinishedCopy.
 /// Anything but a regular file is refused without being opened: a pipe would wait for ever.
 ///
 /// @param target  the file to make, in a folder that exists.

@@ -26,6 +26,12 @@ std::string FreedesktopShell::Native(const std::string& path) const {
     return AbsolutePath(m_nativePath ? m_nativePath(path) : path);
 }
 
+PlaceOf FreedesktopShell::PlaceIn(const std::string& folder) const {
+    if (!m_nativePath || folder.starts_with('/'))
+        return {};
+    return [this, folder](const std::string& name) { return Native(folder + "/" + name); };
+}
+
 int FreedesktopShell::GetMajorVersion(std::uint32_t* version) {
     utsname system;
     std::uint32_t major = 0;
@@ -48,7 +54,7 @@ std::uint32_t FreedesktopShell::FileOperation(std::uint32_t function, const std:
         case k4cmn::FO_DELETE:
             return DeleteFiles(paths, flags, m_ui, m_topFolderOf);
         case k4cmn::FO_COPY:
-            return CopyFiles(paths, Native(to), flags, m_ui);
+            return CopyFiles(paths, Native(to), flags, m_ui, PlaceIn(to));
         default:
             return kFileOperationFailed;
     }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "k4cmndlg/frame/contracts/Shell.h"
+#include "suite/platform/CopyOperation.h"
 #include "suite/platform/DesktopOpener.h"
 #include "suite/platform/FileOperationUi.h"
 #include "suite/platform/FileSystem.h"
@@ -13,6 +14,10 @@ namespace k4suite {
 /// The shell of a Freedesktop desktop: the trash, copies with questions and progress, and the
 /// desktop's programs for links and documents. DeleteFiles(), CopyFiles() and DesktopOpener say how
 /// each behaves.
+///
+/// In a destination of the store case doesn't count: a copy takes the place of the file that has
+/// its name in any case, after the question. In a destination given as a native path ("/...") names
+/// are the file system's own.
 ///
 /// FileOperation() gives 0 for success, 1223 where a person ended it, and 1 for any other failure.
 /// GetMajorVersion() gives the kernel's major version, which is at least 4 wherever this builds.
@@ -39,6 +44,7 @@ class FreedesktopShell final : public k4cmn::Shell {
 
  private:
     std::string Native(const std::string& path) const;
+    PlaceOf PlaceIn(const std::string& folder) const;
 
     FileOperationUi& m_ui;
     PathMapper m_nativePath;

@@ -1,16 +1,22 @@
 #include "suite/settings/IniFile.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QVariant>
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <fstream>
-#include <iterator>
 #include <map>
+#include <string_view>
 #include <utility>
 
 #include "suite/settings/FileLock.h"
+#include "suite/settings/IniValue.h"
 #include "suite/settings/NameText.h"
 
 namespace k4suite {
@@ -20,15 +26,68 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::chrono::milliseconds kPatience{5000};
+constexpr char kCopyWord[] = ".new-";
 
 QString Qt(const fs::path& path) {
     return QString::fromStdString(path.string());
 }
 
+/// Whether the toolkit can name a place: it takes texts only, and would write to a place of another
+/// name.
+bool IsNameable(const fs::path& path) {
+    return IsUtf8(path.native());
+}
+
 /// A name beside a file that nobody else uses.
 fs::path BesideIt(const fs::path& path) {
     static std::atomic<unsigned> counter{0};
-    return path.string() + ".new-" + std::to_string(getpid()) + "-" + std::to_string(++counter);
+    return path.string() + kCopyWord + std::to_string(getpid()) + "-" + std::to_string(++counter);
+}
+
+/// Whether a name is that of a copy beside a file whose process has ended.
+bool IsLeftover(std::string_view name, std::string_view file) {
+    const std::string begin = std::string(file) + kCopyWord;
+    if (!name.starts_with(begin))
+        return false;
+    pid_t process = 0;
+    const char* const end = name.data() + name.size();
+    const auto [rest, error] = std::from_chars(name.data() + begin.size(), end, process);
+    const bool isCopy = error == std::errc() && rest != end && *rest == '-' && process > 0;
+    return isCopy && kill(process, 0) != 0 && errno == ESRCH;
+}
+
+/// Removes the copies beside a file that processes left behind which ended in the middle of a
+/// change, with whatever the toolkit had put beside those.
+void RemoveLeftovers(const fs::path& file) {
+    std::error_code failed;
+    std::vector<fs::path> leftovers;
+    for (fs::directory_iterator at(file.parent_path(), failed), end; !failed && at != end;
+         at.increment(failed)) {
+        if (IsLeftover(at->path().filename().native(), file.filename().native()))
+            leftovers.push_back(at->path());
+    }
+    for (const fs::path& leftover : leftovers)
+        fs::remove(leftover, failed);
+}
+
+/// Reads a regular file to its end. Anything else is refused: a pipe would be waited for.
+bool ReadWhole(const fs::path& path, std::string& bytes) {
+    const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0)
+        return false;
+    struct stat status;
+    bool isGood = fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+    char piece[1 << 14];
+    ssize_t got = 0;
+    bytes.clear();
+    while (isGood && (got = read(file, piece, sizeof piece)) != 0) {
+        if (got > 0)
+            bytes.append(piece, static_cast<std::size_t>(got));
+        else
+            isGood = errno == EINTR;
+    }
+    close(file);
+    return isGood;
 }
 
 bool WriteWhole(const fs::path& path, const std::string& bytes) {
@@ -49,10 +108,7 @@ bool IsUnderstood(const QSettings& settings) {
 std::map<QString, QString> Contents(const QSettings& settings) {
     std::map<QString, QString> contents;
     for (const QString& key : settings.allKeys()) {
-        const QVariant value = settings.value(key);
-        contents[key] = value.typeId() == QMetaType::QStringList
-                            ? value.toStringList().join(QLatin1Char(','))
-                            : value.toString();
+        contents[key] = TextOf(settings.value(key));
     }
     return contents;
 }
@@ -112,6 +168,8 @@ IniFile::IniFile(fs::path path) : m_path(std::move(path)) {}
 
 int IniFile::Read(const std::function<void(QSettings&)>& reader) {
     const std::lock_guard guard(m_mutex);
+    if (!IsUsable())
+        return 0;
     const std::optional<Stamp> stamp = StampNow();
     if (stamp && stamp != m_checked) {
         const Content content = Check(*stamp);
@@ -142,6 +200,8 @@ IniFile::Content IniFile::Check(const Stamp& stamp) const {
 
 int IniFile::Update(const std::function<void(QSettings&)>& change) {
     const std::lock_guard guard(m_mutex);
+    if (!IsUsable())
+        return 0;
     std::error_code failed;
     fs::create_directories(m_path.parent_path(), failed);
     const FileLock lock(LockPath(), kPatience);
@@ -174,8 +234,10 @@ IniFile::Result IniFile::Replace(const std::string& bytes,
     if (state == CopyState::Changed) {
         if (DressAs(target, copy))
             fs::rename(copy, target, failed);
-        if (!failed && !fs::exists(copy, failed))
+        if (!failed && !fs::exists(copy, failed)) {
+            RemoveLeftovers(target);
             return Result::Done;
+        }
         state = CopyState::Failed;
     }
     fs::remove(copy, failed);
@@ -189,14 +251,20 @@ IniFile::Content IniFile::Load(std::string& bytes) const {
     const fs::file_status status = fs::status(m_path, failed);
     if (status.type() == fs::file_type::not_found)
         return Content::Absent;
-    std::ifstream file(m_path, std::ios::binary);
-    if (failed || status.type() != fs::file_type::regular || !file)
-        return Content::Unreadable;
-    bytes.assign(std::istreambuf_iterator<char>(file), {});
-    if (file.bad())
+    if (failed || status.type() != fs::file_type::regular || !ReadWhole(m_path, bytes))
         return Content::Unreadable;
     const bool isText = IsUtf8(bytes) && bytes.find('\0') == std::string::npos;
     return isText ? Content::Text : Content::Damaged;
+}
+
+bool IniFile::IsUsable() {
+    for (const fs::path& path : {m_path, Target()}) {
+        if (IsNameable(path))
+            continue;
+        Report(Qt(path).toStdString() + " is no place that can be used.");
+        return false;
+    }
+    return true;
 }
 
 bool IniFile::SetAsideIfDamaged() {
@@ -256,6 +324,8 @@ std::optional<IniFile::Stamp> IniFile::StampNow() const {
 fs::path IniFile::Target() const {
     // A file that a person keeps elsewhere behind a link stays there.
     std::error_code failed;
+    if (!fs::is_symlink(m_path, failed))
+        return m_path;
     const fs::path real = fs::canonical(m_path, failed);
     return failed ? m_path : real;
 }

@@ -19,6 +19,12 @@ namespace k4suite {
 /// A file that can't be understood is never overwritten: it is set aside as "NAME.damaged-1" (2, 3,
 /// and so on), Problems() tells of it, and what follows begins with an empty file.
 ///
+/// A copy that was left behind by a process that ended in the middle of a change goes with the next
+/// change that is stored.
+///
+/// A path that isn't UTF-8, or a link to one, is no place for such a file: Problems() tells of it,
+/// and nothing is read or written, there or elsewhere. Anything but a regular file can't be read.
+///
 /// Threads: any.
 class IniFile {
  public:
@@ -48,6 +54,7 @@ class IniFile {
     Content Load(std::string& bytes) const;
     Content Check(const Stamp& stamp) const;
     std::optional<Stamp> StampNow() const;
+    bool IsUsable();
     std::filesystem::path Target() const;
     std::filesystem::path LockPath() const;
     /// These three with the lock held.

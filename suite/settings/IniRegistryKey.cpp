@@ -39,15 +39,14 @@ int IniRegistryKey::SetDword(const std::string& name, std::uint32_t value) {
         [&](QSettings& file) { WriteNumber(file, EncodeValue(m_key, name), value); });
 }
 
-std::vector<std::string> IniRegistryKey::Subkeys() {
-    std::vector<std::string> names;
-    m_file->Read([&](QSettings& file) {
+int IniRegistryKey::Subkeys(std::vector<std::string>& names) {
+    return m_file->Read([&](QSettings& file) {
+        names.clear();
         file.beginGroup(m_key);
         for (const QString& group : file.childGroups())
             names.push_back(DecodeName(group));
         file.endGroup();
     });
-    return names;
 }
 
 }  // namespace k4suite

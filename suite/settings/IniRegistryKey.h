@@ -20,7 +20,7 @@ class IniRegistryKey final : public k4cmn::RegistryKey {
     int SetString(const std::string& name, const std::string& text) override;
     int GetDword(const std::string& name, std::uint32_t* value) override;
     int SetDword(const std::string& name, std::uint32_t value) override;
-    std::vector<std::string> Subkeys() override;
+    int Subkeys(std::vector<std::string>& names) override;
 
  private:
     const std::shared_ptr<IniFile> m_file;

@@ -1,11 +1,15 @@
 #include "suite/settings/IniValue.h"
 
 #include <QStringList>
-#include <QVariant>
 
 #include "suite/settings/NameText.h"
 
 namespace k4suite {
+
+QString TextOf(const QVariant& value) {
+    return value.typeId() == QMetaType::QStringList ? value.toStringList().join(QLatin1String(", "))
+                                                    : value.toString();
+}
 
 bool IsStorable(const std::string& text) {
     return IsUtf8(text);
@@ -21,15 +25,9 @@ void WriteNumber(QSettings& file, const QString& key, std::uint32_t number) {
 
 int ReadText(const QSettings& file, const QString& key, std::string& text) {
     const QVariant value = file.value(key);
-    if (!value.isValid())
+    if (value.typeId() != QMetaType::QStringList && !value.canConvert<QString>())
         return 0;
-    // A line that a person wrote, with bare commas, comes as a list.
-    if (value.typeId() == QMetaType::QStringList)
-        text = value.toStringList().join(QLatin1String(", ")).toStdString();
-    else if (value.canConvert<QString>())
-        text = value.toString().toStdString();
-    else
-        return 0;
+    text = TextOf(value).toStdString();
     return 1;
 }
 

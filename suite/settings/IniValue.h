@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QSettings>
+#include <QString>
+#include <QVariant>
 #include <cstdint>
 #include <string>
 
@@ -8,6 +10,9 @@ namespace k4suite {
 
 /// The values in an INI file: texts and numbers, a number being a text of decimal digits.
 
+/// A value as one text. A line that a person wrote with bare commas is a list to the toolkit; its
+/// pieces get ", " between them.
+QString TextOf(const QVariant& value);
 /// Whether a text can be stored: it must be UTF-8, since the file is.
 bool IsStorable(const std::string& text);
 /// Stores a text, which must be storable.

@@ -13,7 +13,8 @@
 // "Name", "PhoneBookEntry" (absent: reached without dialing), "Server1", "Server2" and so on, and
 // the signs as "Sign1\Name", "Sign1\Rows", "Sign1\Columns", "Sign1\Color" and "Sign1\Pixel" (the
 // short names, or numbers), "Sign1\Orientation", "Sign1\Text1", "Sign1\Number1" and so on. The
-// numbers give the order; they need not be without gaps.
+// numbers give the order; they need not be without gaps. In a value a '\' is written twice:
+// Server2=\\\\STORE\\SIGNS. docs/data-home.md tells all of it.
 
 namespace k4suite {
 
@@ -141,6 +142,16 @@ void ReadService(QSettings& file, ServiceSetup& service, std::string* problem) {
     }
 }
 
+/// Whether a service is there already. The same name behind another phone book entry is another
+/// machine.
+bool IsThere(const MachineSettings& settings, const ServiceSetup& service) {
+    return std::any_of(settings.services.begin(), settings.services.end(),
+                       [&](const ServiceSetup& other) {
+                           return IsSameName(other.name, service.name) &&
+                                  IsSameName(other.phoneBookEntry, service.phoneBookEntry);
+                       });
+}
+
 void ReadServices(QSettings& file, MachineSettings& settings, std::string* problem) {
     for (std::size_t number : NumbersOf(file.childGroups(), "Service")) {
         ServiceSetup service;
@@ -149,6 +160,9 @@ void ReadServices(QSettings& file, MachineSettings& settings, std::string* probl
         file.endGroup();
         if (service.name.empty())
             Report(problem, "Service " + std::to_string(number) + " is left out. It has no name.");
+        else if (IsThere(settings, service))
+            Report(problem, "Service " + std::to_string(number) + " (\"" + service.name +
+                                "\") is left out. Another service has its name.");
         else
             settings.services.push_back(std::move(service));
     }

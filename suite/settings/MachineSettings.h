@@ -18,12 +18,14 @@ struct SignSetup {
 struct ServiceSetup {
     std::string name;            ///< "Local" is this machine
     std::string phoneBookEntry;  ///< empty: reached without dialing
-    std::vector<std::string>
-        servers;  ///< server texts of its store, such as "A:" or "\\HOST\SHARE"
+    /// Server texts of its store, such as "A:" or "\\HOST\SHARE".
+    std::vector<std::string> servers;
     std::vector<SignSetup> signs;
 };
 
-/// The machine's part of the settings.
+/// The machine's part of the settings: the file "machine.ini" of a data home, for people to edit.
+/// In its values a '\' is written twice ("\\HOST\SHARE" is \\\\HOST\\SHARE there);
+/// docs/data-home.md tells its lines.
 struct MachineSettings {
     std::vector<ServiceSetup> services;
 
@@ -31,7 +33,8 @@ struct MachineSettings {
     const ServiceSetup* Find(const std::string& service) const;
 };
 
-/// Reads the machine's part. A damaged file is set aside and reported in `problem`.
+/// Reads the machine's part. A damaged file is set aside and reported in `problem`; so is, a line
+/// each, every service and every sign that is left out.
 /// @return 1, or 0 if there is no readable file.
 int ReadMachineSettings(const DataHome& home, MachineSettings& settings, std::string* problem);
 

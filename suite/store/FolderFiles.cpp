@@ -14,6 +14,7 @@
 #include "suite/store/NamePattern.h"
 #include "suite/store/NativePath.h"
 #include "suite/store/StorePath.h"
+#include "suite/store/UnfinishedCopy.h"
 
 namespace k4suite {
 
@@ -25,8 +26,10 @@ std::string NameOrNumber(std::string_view name, const char* word, std::int32_t v
     return name.empty() ? word + std::to_string(value) : std::string(name);
 }
 
-bool IsDotName(const char* name) {
-    return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'));
+/// Whether an entry of a folder is none of the store's: the folder itself, the one above it, and
+/// copies that aren't finished.
+bool IsUnlisted(std::string_view name) {
+    return name == "." || name == ".." || name.starts_with(kUnfinishedCopy);
 }
 
 enum class EntryKind { Folder, Other, Gone };
@@ -48,7 +51,7 @@ bool ListEntries(const std::string& folder, NamePattern& pattern, EntryKind want
         return false;
     for (errno = 0; const dirent* entry = readdir(entries.get()); errno = 0) {
         const std::string_view name = entry->d_name;
-        if (!IsDotName(entry->d_name) && pattern.Matches(name) &&
+        if (!IsUnlisted(name) && pattern.Matches(name) &&
             KindOf(dirfd(entries.get()), *entry) == wanted)
             names.emplace_back(name);
     }

@@ -48,7 +48,8 @@ class FolderFiles final : public k4cmn::FilesProvider {
     /// referrer's root. An empty path stays empty.
     std::string GetFullPath(const std::string& path, const std::string& referrer) override;
     /// Files are all entries that aren't folders. A link counts as what it leads to. Names that
-    /// aren't UTF-8 are passed over, since nothing else could name them.
+    /// aren't UTF-8 are passed over, since nothing else could name them. So are names that begin
+    /// with ".k4copy-", whatever the pattern: they are copies that aren't finished.
     int FindFiles(std::vector<std::string>& names, const std::string& pattern,
                   int folders) override;
     int IsColorAndPixelTechValid(tag_K4_SIGN_COLOR color, tag_K4_PIXEL_TECH pixel) override;

@@ -17,10 +17,9 @@ namespace k4suite {
 /// | /x                  | here already: a server text may be a native folder |
 ///
 /// '\' and '/' both separate, and repeated ones count as one. "." and ".." are resolved in the
-/// text;
-/// ".." doesn't leave the drive, the share, or the root. Where the path as written doesn't exist, a
-/// component that differs only in case finds the entry that does (the first one in byte order).
-/// What doesn't exist is kept as written, so that it can be made.
+/// text, and ".." doesn't leave the drive, the share, or the root. Where the path as written
+/// doesn't exist, a component that differs only in case finds the entry that does (the first one in
+/// byte order). What doesn't exist is kept as written, so that it can be made.
 ///
 /// @param path any bytes.
 /// @return the native path; empty if there is no such place: an empty or relative path, one with an

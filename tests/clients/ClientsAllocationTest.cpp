@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 #include <new>
+#include <thread>
+#include <utility>
 
 #include "k4cmndlg/clients/CK4CmnSS.h"
 #include "tests/support/TrivialSSRpc.h"
@@ -9,9 +11,12 @@
 namespace {
 
 std::size_t g_allocations = 0;
+bool g_failNext = false;
 
 void* Counted(std::size_t size) {
     ++g_allocations;
+    if (std::exchange(g_failNext, false))
+        throw std::bad_alloc();
     if (void* memory = std::malloc(size ? size : 1))
         return memory;
     throw std::bad_alloc();
@@ -77,6 +82,12 @@ const Row kNumberOperations[] = {
      [](CK4CmnSS& c) {
          return c.GetSignStatus(kSign, nullptr, nullptr, &word, &mode, &word2, &word3);
      }},
+    {"GetSignStatus of long fields",
+     "a status of more than a few bytes\ta sequence with a name of some length.SQ4\t"
+     "00000000000000000000000000000001\t4\t5\t6",
+     [](CK4CmnSS& c) {
+         return c.GetSignStatus(kSign, nullptr, nullptr, &word, &mode, &word2, &word3);
+     }},
     {"GetSignConfig", "48\t96\t11\t3\t0\t5\t0\t200\t-12",
      [](CK4CmnSS& c) {
          return c.GetSignConfig(kSign, &word, &word2, &color, &pixel, &dimMode, &number, &number2);
@@ -137,6 +148,26 @@ TEST(Allocations, APlainNumberOperationMakesNoneOnSuccess) {
         EXPECT_EQ(result, 1) << row.name;
         EXPECT_EQ(made, 0U) << row.name;
     }
+}
+
+// The first thing that a service overload takes memory for is the name of the service.
+TEST(Allocations, AServiceOverloadWithoutMemoryIsUnavailableAndLeavesTheLockFree) {
+    TrivialSSRpc rpc;
+    const k4cmn::ScopedProvider<K4SSRpc> provider(rpc);
+    const std::string service = "a machine with a name of some length";
+    CK4CmnSS client;
+    g_failNext = true;
+    EXPECT_EQ(client.StopSequence(service, kSign), 0);
+    EXPECT_FALSE(g_failNext) << "took no memory";
+    g_failNext = true;
+    EXPECT_EQ(client.GetChangeFlag(service, kSign, &word, 0), 0);
+    EXPECT_FALSE(g_failNext) << "took no memory";
+
+    // Would hang here with the lock still held.
+    std::string words;
+    std::thread([&] { words = client.GetLastError(); }).join();
+    EXPECT_EQ(words, "Sign service unavailable.");
+    EXPECT_EQ(client.StopSequence(service, kSign), 1);
 }
 
 }  // namespace

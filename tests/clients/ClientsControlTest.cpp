@@ -99,6 +99,12 @@ TEST_F(PlayFile, ServiceRefusalEndsWithoutWords) {
     EXPECT_EQ(m_rpc.connectedTo, "Alpha");
 }
 
+TEST_F(PlayFile, ServiceRefusalOfAnUnreachableServiceIsUnavailable) {
+    m_rpc.results["k4ssConnectSignAsUser"] = 1;
+    EXPECT_EQ(m_client.PlayFile("Alpha", "Main", "A.sq4", K4_PLAY_SEQ_CONTINUOUS, 0), 0);
+    EXPECT_EQ(m_client.GetLastError(), "Sign service unavailable.");
+}
+
 TEST_F(PlayFile, FailsWithTheWordsOfItsTarget) {
     m_rpc.results["k4ssPlaySequence"] = 1;
     m_rpc.results["k4ssRunSchedule"] = 1;

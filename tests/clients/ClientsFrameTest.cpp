@@ -34,10 +34,7 @@ TEST_F(ConnectService, MapsTheNamesOfThisMachineAndNoOther) {
         {"Loca", "Loca"},
         {" Local", " Local"},
         {"localhost", "localhost"},
-        {"L\xC3\xB6"
-         "cal",
-         "L\xC3\xB6"
-         "cal"},
+        {"Loc\xC3\xA4l", "Loc\xC3\xA4l"},
         {"MYLOCAL", "MYLOCAL"},
         {"@ocal", "@ocal"},
     };

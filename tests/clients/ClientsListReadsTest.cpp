@@ -176,6 +176,13 @@ TEST_F(GetQueue, FillsOneEntryOfEachTag) {
     EXPECT_EQ(m_rpc.lastLengthBefore, 0U);
 }
 
+TEST_F(GetQueue, ServiceOverloadGivesTheCountToo) {
+    m_rpc.replies["k4ssGetQueue"].text = "1\tA.SQ4\t4\t7\n2\t3\t1\n3\t4\t5\t6\n";
+    EXPECT_EQ(m_client.GetQueue("Alpha", "Main", entries, 8), 3);
+    EXPECT_EQ(entries[2].dwType, K4_QUEUE_WINDOW_MOVE);
+    EXPECT_EQ(m_client.GetQueue("Alpha", "Main", entries, 2), 2);
+}
+
 TEST_F(GetQueue, AnyOpenFlagOtherThan0Is1) {
     struct Row {
         const char* flag;

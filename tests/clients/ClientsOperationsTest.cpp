@@ -58,10 +58,14 @@ const Calls kRepaired = {"k4ssIsServer(Alpha)", "k4ssPing()",
 
 TEST(ClientOperations, TheTableHoldsTheSignListSixteenReadsAndEighteenCommands) {
     std::set<std::string> names;
-    for (const ClientOperation& operation : ClientOperations())
+    std::size_t reads = 0;
+    for (const ClientOperation& operation : ClientOperations()) {
         names.insert(operation.name);
+        reads += !operation.outputs.empty();
+    }
     EXPECT_EQ(ClientOperations().size(), 1U + 16U + 18U);
     EXPECT_EQ(names.size(), ClientOperations().size());
+    EXPECT_EQ(reads, 1U + 16U) << "a read without an output proves nothing";
     EXPECT_EQ(OperationsWithAStub().size(), ClientOperations().size() - 2) << "the two of scripts";
 }
 
@@ -90,6 +94,15 @@ TEST_P(EveryOperation, ServiceOverloadConnectsWhereNothingIsConnected) {
     EXPECT_EQ(Operation().overService(m_client, "Alpha"), 1);
     EXPECT_EQ(m_rpc.calls, Expected(kConnected, kAsked));
     EXPECT_EQ(m_client.GetLastError(), "");
+}
+
+TEST_P(EveryOperation, BothOverloadsFillTheSameOutputsWithTheSame) {
+    ResetClientOutputs();
+    EXPECT_EQ(Operation().plain(m_client), 1);
+    EXPECT_EQ(ClientOutputs(), Operation().outputs);
+    ResetClientOutputs();
+    EXPECT_EQ(Operation().overService(m_client, "Alpha"), 1);
+    EXPECT_EQ(ClientOutputs(), Operation().outputs);
 }
 
 TEST_P(EveryOperation, ServiceOverloadPingsALiveConnection) {
@@ -122,6 +135,10 @@ TEST_P(EveryOperationWithAStub, ServiceOverloadFailsWithTheWordsOfThePlainOne) {
     m_rpc.results[Operation().FirstStub()] = 5;
     EXPECT_EQ(Operation().overService(m_client, "Alpha"), 0);
     EXPECT_EQ(m_client.GetLastError(), Operation().words);
+    Calls upToTheFailure = Expected(kConnected, kAsked);
+    upToTheFailure.resize(upToTheFailure.size() - (Operation().stubs.size() - 1));
+    EXPECT_EQ(m_rpc.calls, upToTheFailure) << "tried again, went on or disconnected";
+    EXPECT_EQ(m_rpc.connectedTo, "Alpha");
 }
 
 TEST_P(EveryOperation, ServiceOverloadTakesTheEmptyTextForThisMachine) {

@@ -1,5 +1,3 @@
-#include <cstring>
-
 #include "k4cmndlg/clients/ReplyFields.h"
 #include "tests/clients/ClientTest.h"
 
@@ -100,94 +98,6 @@ TEST(DecimalFields, AreASignAndTheDigitsUpToAnyOtherByte) {
         EXPECT_EQ(k4cmn::DecimalNumber(row.field), row.number) << row.field;
         EXPECT_EQ(k4cmn::DecimalWord(row.field), row.word) << row.field;
     }
-}
-
-class PassThrough : public ClientTest {};
-
-TEST_F(PassThrough, WordsReachTheCallersPointers) {
-    for (const char* stub : {"k4ssGetChangeFlag", "k4ssGetSchedChangeFlag", "k4ssGetPhotocell",
-                             "k4ssGetTemperatureFreq", "k4ssGetDefaultSeqFlag"})
-        m_rpc.replies[stub].words = {0xFFFFFFFE};
-    std::uint32_t flag = 0, schedule = 0, photocell = 0, frequency = 0, playing = 0;
-    EXPECT_EQ(m_client.GetChangeFlag("Main", &flag), 1);
-    EXPECT_EQ(m_client.GetSchedChangeFlag("Main", &schedule), 1);
-    EXPECT_EQ(m_client.GetPhotocellStatus("Main", &photocell), 1);
-    EXPECT_EQ(m_client.GetTemperatureFreq(0xFFFFFFFF, &frequency), 1);
-    EXPECT_EQ(m_client.GetDefaultSeqFlag("Main", &playing), 1);
-    for (const std::uint32_t word : {flag, schedule, photocell, frequency, playing})
-        EXPECT_EQ(word, 0xFFFFFFFE);
-    EXPECT_EQ(m_rpc.calls[3], "k4ssGetTemperatureFreq(4294967295)");
-}
-
-TEST_F(PassThrough, NullPointersReachTheStubs) {
-    EXPECT_EQ(m_client.GetChangeFlag("Main", nullptr), 1);
-    EXPECT_EQ(m_client.GetSchedChangeFlag("Main", nullptr), 1);
-    EXPECT_EQ(m_client.GetPhotocellStatus("Main", nullptr), 1);
-    EXPECT_EQ(m_client.GetTemperatureFreq(0, nullptr), 1);
-    EXPECT_EQ(m_client.GetEffectStatus("Main", nullptr, nullptr, nullptr), 1);
-    EXPECT_EQ(m_client.GetSchedule("Main", nullptr, nullptr, nullptr), 1);
-    EXPECT_EQ(m_client.GetDIB("Main", nullptr, 0, nullptr), 1);
-    EXPECT_EQ(m_client.GetBulb("Main", nullptr, 0, nullptr, nullptr), 1);
-    EXPECT_EQ(m_client.GetDefaultSeqFlag("Main", nullptr), 1);
-    EXPECT_EQ(m_client.GetFrameStatus("Main", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                                      nullptr),
-              1);
-    EXPECT_EQ(m_rpc.calls.size(), 10U);
-}
-
-TEST_F(PassThrough, ChangeFlagOfAServiceTakesAnyWait) {
-    m_rpc.replies["k4ssGetChangeFlag"].words = {5};
-    for (const std::uint32_t wait : {0U, 750U, 0xFFFFFFFFU}) {
-        std::uint32_t flag = 0;
-        EXPECT_EQ(m_client.GetChangeFlag("Alpha", "Main", &flag, wait), 1);
-        EXPECT_EQ(flag, 5U);
-    }
-}
-
-TEST_F(PassThrough, BytesReachTheCallersBuffers) {
-    for (const char* stub :
-         {"k4ssGetEffectStatus", "k4ssGetSchedule", "k4ssGetDIB", "k4ssGetBulb"}) {
-        m_rpc.replies[stub].text = std::string("\x01\0\xFF", 3);
-        m_rpc.replies[stub].words = {11, 12};
-        m_rpc.replies[stub].terminate = false;
-    }
-    const std::string expected("\x01\0\xFF", 3);
-    std::uint8_t bytes[3];
-    char dib[3];
-    std::uint32_t first = 0, second = 0;
-    const auto taken = [&] { return std::string(reinterpret_cast<char*>(bytes), 3); };
-
-    std::memset(bytes, 0, 3);
-    EXPECT_EQ(m_client.GetEffectStatus("Main", &first, bytes, &second), 1);
-    EXPECT_EQ(taken(), expected);
-    EXPECT_EQ(first, 11U);
-    EXPECT_EQ(second, 12U);
-    std::memset(bytes, 0, 3);
-    EXPECT_EQ(m_client.GetSchedule("Main", &first, bytes, &second), 1);
-    EXPECT_EQ(taken(), expected);
-    std::memset(bytes, 0, 3);
-    EXPECT_EQ(m_client.GetBulb("Main", bytes, 3, &first, &second), 1);
-    EXPECT_EQ(taken(), expected);
-    EXPECT_EQ(m_client.GetDIB("Main", dib, 3, &first), 1);
-    EXPECT_EQ(std::string(dib, 3), expected);
-    EXPECT_EQ(first, 3U);
-    EXPECT_EQ(m_rpc.calls.back(), "k4ssGetDIB(Main, 3)");
-}
-
-TEST_F(PassThrough, AFailedConnectionTouchesNothing) {
-    m_rpc.results["k4ssConnectSignAsUser"] = 1;
-    for (const char* stub : {"k4ssGetStatus", "k4ssGetSchedSeqStatus", "k4ssGetDefaultSequence"})
-        m_rpc.replies[stub] = {"new\tnew", "new", {1, 2, 3}, 4, true};
-    std::string text = "old";
-    std::string text2 = "old";
-    std::uint32_t word = kUntouched;
-    EXPECT_EQ(m_client.GetSignStatus("Alpha", "Main", &text, &text2, &word, nullptr, &word, &word),
-              0);
-    EXPECT_EQ(m_client.GetSignSchedSeq("Alpha", "Main", &text, &text2, &word), 0);
-    EXPECT_EQ(m_client.GetDefaultSequence("Alpha", "Main", &text, nullptr, &word), 0);
-    EXPECT_EQ(text, "old");
-    EXPECT_EQ(text2, "old");
-    EXPECT_EQ(word, kUntouched);
 }
 
 class GetSignStatus : public ClientTest {

@@ -29,7 +29,7 @@ class KeyMock : public RegistryKey {
     MOCK_METHOD(int, SetString, (const std::string&, const std::string&), (override));
     MOCK_METHOD(int, GetDword, (const std::string&, std::uint32_t*), (override));
     MOCK_METHOD(int, SetDword, (const std::string&, std::uint32_t), (override));
-    MOCK_METHOD(Names, Subkeys, (), (override));
+    MOCK_METHOD(int, Subkeys, (Names&), (override));
     MOCK_METHOD(void, Closed, ());
     ~KeyMock() override { Closed(); }
 };
@@ -157,7 +157,8 @@ TEST_F(Registry, NothingWorksBeforeOpeningAndAfterClosing) {
 TEST_F(Registry, EnumeratesSubkeysByPrefix) {
     CK4Registry registry;
     KeyMock& key = Opened(registry);
-    EXPECT_CALL(key, Subkeys).WillRepeatedly(Return(Names{"alpha", "beta", "al"}));
+    EXPECT_CALL(key, Subkeys)
+        .WillRepeatedly(DoAll(SetArgReferee<0>(Names{"alpha", "beta", "al"}), Return(1)));
     Names names{"old"};
     EXPECT_EQ(CK4Registry::EnumerateKeys(registry, names), 1);
     EXPECT_EQ(names, (Names{"alpha", "beta", "al"}));
@@ -167,6 +168,15 @@ TEST_F(Registry, EnumeratesSubkeysByPrefix) {
     const std::string none = "z";
     EXPECT_EQ(CK4Registry::EnumerateKeys(registry, names, &none), 1);
     EXPECT_TRUE(names.empty());
+}
+
+TEST_F(Registry, SubkeysThatCantBeReadLeaveTheList) {
+    CK4Registry registry;
+    KeyMock& key = Opened(registry);
+    EXPECT_CALL(key, Subkeys).WillOnce(DoAll(SetArgReferee<0>(Names{"half"}), Return(0)));
+    Names names{"kept"};
+    EXPECT_EQ(CK4Registry::EnumerateKeys(registry, names), 0);
+    EXPECT_EQ(names, Names{"kept"});
 }
 
 TEST_F(Registry, ServersOfTheLocalSystemAreAskedForWithoutNames) {

@@ -299,6 +299,65 @@ TYPED_TEST(DialogHelp, GroupFrameIsLikeALabel) {
     EXPECT_EQ(GetWindowContextHelpId(group), 0x00B0FFFFu);
 }
 
+TYPED_TEST(DialogHelp, ControlWithoutAnIdInsideAGroupFrameShowsTheDialogsHelp) {
+    auto& dialog = this->m_dialog;
+    auto* group = new QGroupBox(&dialog);
+    auto* inside = new QCheckBox(group);
+    group->setGeometry(0, 0, 100, 40);
+    inside->setGeometry(10, 15, 80, 20);
+    group->show();
+    QWidget::setTabOrder(dialog.m_help, inside);  // so that the field comes behind the frame
+    inside->setFocus();
+    QTest::keyClick(inside, Qt::Key_F1);
+    this->PointAt(inside);
+    dialog.EnableRightClickHelp(1);
+    this->RightClick(inside);
+    EXPECT_THAT(this->m_help.calls,
+                ElementsAre(this->OfDialog(), this->OfDialog(), this->OfDialog()));
+
+    this->m_help.calls.clear();
+    this->PointAt(group);
+    SetWindowContextHelpId(group, 88);
+    this->PointAt(inside);
+    EXPECT_THAT(this->m_help.calls,
+                ElementsAre(this->Call(group, kPopup, 5), this->Call(group, kPopup, 88)));
+}
+
+TYPED_TEST(DialogHelp, ShiftF1TakesUpTheQuestionMarkTool) {
+    auto& dialog = this->m_dialog;
+    dialog.m_field->setEnabled(false);
+    dialog.m_plain->setFocus();
+    QTest::keyClick(dialog.m_plain, Qt::Key_F1, Qt::ShiftModifier);
+    EXPECT_TRUE(QWhatsThis::inWhatsThisMode());
+    EXPECT_THAT(this->m_help.calls, IsEmpty());
+    QTest::mouseClick(dialog.m_field, Qt::LeftButton);
+    EXPECT_THAT(this->m_help.calls, ElementsAre(this->Call(dialog.m_field, kPopup, 5)));
+    EXPECT_FALSE(QWhatsThis::inWhatsThisMode());
+}
+
+TYPED_TEST(DialogHelp, ShiftF1AgainAndEscapeLayTheQuestionMarkToolDown) {
+    auto& dialog = this->m_dialog;
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        QTest::keyClick(dialog.m_plain, key, modifiers);
+        return QWhatsThis::inWhatsThisMode();
+    };
+    EXPECT_TRUE(press(Qt::Key_F1, Qt::ShiftModifier));
+    EXPECT_FALSE(press(Qt::Key_F1, Qt::ShiftModifier));
+    EXPECT_TRUE(press(Qt::Key_F1, Qt::ShiftModifier));
+    EXPECT_FALSE(press(Qt::Key_Escape, Qt::NoModifier));
+    EXPECT_FALSE(press(Qt::Key_F1, Qt::ShiftModifier | Qt::ControlModifier));
+    EXPECT_TRUE(dialog.isVisible()) << "Escape ended the tool, not the dialog";
+    EXPECT_THAT(this->m_help.calls, IsEmpty());
+}
+
+TYPED_TEST(DialogHelp, ShiftF1InAnotherWindowIsItsOwn) {
+    QCheckBox other;
+    other.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&other));
+    QTest::keyClick(&other, Qt::Key_F1, Qt::ShiftModifier);
+    EXPECT_FALSE(QWhatsThis::inWhatsThisMode());
+}
+
 namespace {
 
 /// Counts how often the dialog is asked before the platform is.
@@ -333,6 +392,20 @@ TEST(DialogContextMenu, DialogIsAskedOnceForAClickThatItLeavesToThePlatform) {
 TEST(DialogHelpAlone, WithoutAHelpSystemNothingHappens) {
     FrameProbe<CK4CmnDlgBase> dialog;
     dialog.Create();
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    const auto windows = [] {
+        QCoreApplication::processEvents();
+        QWidgetList visible = QApplication::topLevelWidgets();
+        visible.removeIf([](const QWidget* window) { return !window->isVisible(); });
+        return visible;
+    };
     dialog.DefaultWinHelp();
+    EXPECT_THAT(windows(), ElementsAre(&dialog)) << "the dialog's help";
+    QTest::keyClick(dialog.m_field, Qt::Key_F1);
+    EXPECT_THAT(windows(), ElementsAre(&dialog)) << "a control's help";
+    QTest::mouseClick(dialog.m_help, Qt::LeftButton);
+    EXPECT_THAT(windows(), ElementsAre(&dialog)) << "the Help button";
+    EXPECT_TRUE(dialog.isActiveWindow());
     dialog.DestroyWindow();
 }

@@ -30,6 +30,25 @@ class DialogPlace : public testing::Test {
     void Save(const std::string& title, const std::string& text) {
         m_profile.values[{"Dialogs\\" + title, "WindowPos"}] = text;
     }
+    /// Where a new dialog comes up.
+    static QPoint PlaceShown() {
+        Probe dialog;
+        return PlaceShown(dialog);
+    }
+    static QPoint PlaceShown(CDialog& dialog) {
+        QPoint place;
+        RunModal(dialog, [&] {
+            place = dialog.pos();
+            dialog.EndDialog(IDCANCEL);
+        });
+        return place;
+    }
+    /// Where one comes up that has no memory of places.
+    static QPoint PlaceOfTheLayout() {
+        CDialog dialog(Probe::kResourceId, nullptr);
+        dialog.resize(300, 200);
+        return PlaceShown(dialog);
+    }
     std::string Saved(const std::string& title = "Probe") {
         return m_profile.values[{"Dialogs\\" + title, "WindowPos"}];
     }
@@ -114,28 +133,18 @@ TYPED_TEST(DialogPlace, ReadOnceAtCreationAndWrittenOnceAtDestruction) {
 }
 
 TYPED_TEST(DialogPlace, ValueWithNineFieldsIsIgnored) {
-    typename TestFixture::Probe untouched;
-    QPoint template_;
-    RunModal(untouched, [&] {
-        template_ = untouched.pos();
-        untouched.EndDialog(IDCANCEL);
-    });
+    const QPoint ofTheLayout = this->PlaceOfTheLayout();
+    EXPECT_NE(ofTheLayout, QPoint(100, 50));
     this->Save("Probe", "0,1,-1,-1,-1,-1,100,50,400");
-    typename TestFixture::Probe dialog;
-    QPoint place;
-    RunModal(dialog, [&] {
-        place = dialog.pos();
-        dialog.EndDialog(IDCANCEL);
-    });
-    EXPECT_EQ(place, template_);
-    EXPECT_NE(place, QPoint(100, 50));
+    EXPECT_EQ(this->PlaceShown(), ofTheLayout);
 }
 
 TYPED_TEST(DialogPlace, EmptyAndBrokenValuesAreIgnored) {
-    for (const char* text : {"", "junk", ",,,,,,,,,", "0,1,-1,-1,-1,-1,x,50,400,250"}) {
+    const QPoint ofTheLayout = this->PlaceOfTheLayout();
+    for (const char* text : {"", "junk", ",,,,,,,,,", "0,1,-1,-1,-1,-1,x,50,400,250",
+                             "0,1,-1,-1,-1,-1,100,y,400,250", "0,1,-1,-1,-1,-1,100,50,400,"}) {
         this->Save("Probe", text);
-        typename TestFixture::Probe dialog;
-        EXPECT_EQ(RunModal(dialog, [&] { dialog.EndDialog(IDOK); }), IDOK) << text;
+        EXPECT_EQ(this->PlaceShown(), ofTheLayout) << text;
     }
 }
 
@@ -280,6 +289,19 @@ TYPED_TEST(DialogPlace, ModelessDialogSavesItsPlaceWhenItIsDestroyed) {
     EXPECT_THAT(this->m_profile.writes, IsEmpty());
     dialog.DestroyWindow();
     EXPECT_EQ(this->Saved(), "0,1,-1,-1,-1,-1,120,60,420,260");
+}
+
+TYPED_TEST(DialogPlace, PlaceThatCannotBeToldLeavesTheSavedOne) {
+    const std::string before = "0,1,-1,-1,-1,-1,100,50,400,250";
+    this->Save("Probe", before);
+    QWidget parent;
+    typename TestFixture::Probe part(QStringLiteral("Probe"), &parent);
+    part.setWindowFlags(Qt::Widget);  // no window any more, and so without a place on the screen
+    ASSERT_EQ(part.Create(), 1);
+    part.move(7, 8);
+    part.DestroyWindow();
+    EXPECT_THAT(this->m_profile.writes, IsEmpty());
+    EXPECT_EQ(this->Saved(), before);
 }
 
 TYPED_TEST(DialogPlace, ProfileThatCannotBeWrittenIsSilent) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tests/support/RecordingShell.h"
+#include "tests/support/ThrowingShell.h"
 
 using k4cmn::PackPaths;
 using k4cmn::ScopedProvider;
@@ -142,6 +143,18 @@ TEST_F(FileOperations, ManyLongPathsFit) {
         paths.push_back("/" + std::string(400, 'x') + std::to_string(i));
     EXPECT_EQ(k4cmnDeleteFile(paths, 0), 1);
     EXPECT_EQ(k4cmn::UnpackPaths(m_shell.operations.at(0).from), paths);
+}
+
+TEST(FileOperationsAlone, ShellThatThrowsFailsTheCall) {
+    k4test::ThrowingShell shell;
+    const ScopedProvider<Shell> installed{shell};
+    for (const std::uint32_t version : {3u, 4u}) {
+        shell.version = version;
+        EXPECT_EQ(k4cmnDeleteFile("/a", 0), 0) << version;
+        EXPECT_EQ(k4cmnDeleteFile(Paths{"/a", "/b"}, 0), 0) << version;
+        EXPECT_EQ(k4cmnCopyFile("/a", "/to"), 0) << version;
+        EXPECT_EQ(k4cmnCopyFile(Paths{"/a", "/b"}, "/to"), 0) << version;
+    }
 }
 
 TEST(FileOperationsAlone, WithoutAShellNothingIsDeletedOrCopied) {

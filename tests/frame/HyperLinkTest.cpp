@@ -5,11 +5,14 @@
 #include <QFontMetrics>
 #include <QMouseEvent>
 #include <QTest>
+#include <new>
 
 #include "k4cmndlg/frame/CK4CmnHyperLink.h"
+#include "k4cmndlg/frame/contracts/MessagePresenter.h"
 #include "tests/support/MessageQueue.h"
 #include "tests/support/QtMessages.h"
 #include "tests/support/RecordingShell.h"
+#include "tests/support/ThrowingShell.h"
 
 using k4cmn::ScopedProvider;
 using k4cmn::Shell;
@@ -23,6 +26,17 @@ const QRgb kBlue = qRgb(0, 0, 190);
 QRgb Highlight() {
     return QGuiApplication::palette().color(QPalette::Highlight).rgb();
 }
+
+/// A presenter that can't show its message.
+class ThrowingPresenter final : public k4cmn::MessagePresenter {
+ public:
+    int shown = 0;
+
+    k4cmn::MessageAnswer Show(QWidget*, const k4cmn::Message&) override {
+        ++shown;
+        throw std::bad_alloc();
+    }
+};
 
 class HyperLink : public testing::Test {
  protected:
@@ -367,6 +381,31 @@ TEST_F(HyperLink, ProgramForHtmIsTheSecondTry) {
     EXPECT_THAT(m_shell.calls,
                 ElementsAre("open http://signs 5", "command .htm", "run browser  http://signs 5"));
     EXPECT_EQ(m_link->GetVisited(), 1);
+}
+
+TEST_F(HyperLink, ShellThatThrowsIsReportedAsOutOfResources) {
+    k4test::ThrowingShell shell;
+    const ScopedProvider<Shell> installed{shell};
+    MessageQueue messages;
+    m_link->SetURL("http://signs");
+    Show();
+    messages.Expect(
+        "Unable to open hyperlink:\n\nThe operating system is out\nof memory or resources.");
+    QTest::mouseClick(m_link, Qt::LeftButton);
+    EXPECT_EQ(m_link->GetVisited(), 0);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(HyperLink, FailureThatCantBeShownLeavesNoWaitCursor) {
+    ThrowingPresenter presenter;
+    const ScopedProvider<k4cmn::MessagePresenter> installed{presenter};
+    m_link->SetURL("http://signs");
+    Show();
+    m_shell.openCode = 2;
+    EXPECT_NO_THROW(m_link->Click());
+    EXPECT_EQ(presenter.shown, 1);
+    EXPECT_EQ(m_link->GetVisited(), 0);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(HyperLink, LinkThatGoesWhileItOpensDoesNoHarm) {

@@ -2,7 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <new>
+
 #include "tests/support/RecordingShell.h"
+#include "tests/support/ThrowingShell.h"
 
 using k4cmn::LinkCommand;
 using k4cmn::OpenErrorMessage;
@@ -55,6 +58,22 @@ TEST_F(OpeningALink, CodeOfStartingTheCommandIsTheResult) {
 
 TEST(OpeningALinkAlone, WithoutAShellThereIsNoProgram) {
     EXPECT_EQ(OpenLink("http://signs"), 31u);
+}
+
+TEST(OpeningALinkAlone, ShellThatThrowsIsOutOfResources) {
+    k4test::ThrowingShell shell;
+    const ScopedProvider<Shell> installed{shell};
+    EXPECT_EQ(OpenLink("http://signs"), k4cmn::kOutOfResources);
+    EXPECT_EQ(OpenErrorMessage(k4cmn::kOutOfResources),
+              "Unable to open hyperlink:\n\nThe operating system is out\nof memory or resources.");
+}
+
+TEST_F(OpeningALink, CommandThatThrowsIsOutOfResourcesToo) {
+    m_shell.openCode = 2;
+    m_shell.openCommand = "browser";
+    m_shell.onRun = [] { throw std::bad_alloc(); };
+    EXPECT_EQ(OpenLink("http://signs"), 0u);
+    EXPECT_EQ(m_shell.calls.back(), "run browser http://signs 5");
 }
 
 TEST(LinkCommand, IsCutAtThePlaceForTheDocument) {

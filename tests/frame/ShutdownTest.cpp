@@ -2,6 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <new>
+#include <string>
+#include <vector>
+
 #include "tests/support/RecordingPower.h"
 
 using k4cmn::Message;
@@ -92,6 +96,52 @@ TEST_F(Shutdown, RefusedExitStillGivesThePrivilegeBack) {
     m_power.exits = 0;
     EXPECT_EQ(ShutdownSystem(m_asked, std::nullopt, 0), 0);
     EXPECT_EQ(m_power.calls.back(), "disable");
+}
+
+namespace {
+
+struct ThrowingStep {
+    const char* name;
+    const char* step;
+    std::vector<std::string> calls;
+    int result;
+};
+
+const ThrowingStep kThrowingSteps[] = {
+    {"Open", "open", {"open"}, 0},
+    {"LookUp", "look up SeShutdownPrivilege", {"open", "look up SeShutdownPrivilege"}, 0},
+    {"Enable", "enable", {"open", "look up SeShutdownPrivilege", "enable"}, 0},
+    {"Exit", "exit 1", {"open", "look up SeShutdownPrivilege", "enable", "exit 1", "disable"}, 0},
+    // The end of the system is on its way by then.
+    {"Disable",
+     "disable",
+     {"open", "look up SeShutdownPrivilege", "enable", "exit 1", "disable"},
+     1},
+};
+
+class ThrowingPower : public Shutdown, public testing::WithParamInterface<ThrowingStep> {};
+
+/// A prompt that can't show its question.
+class ThrowingPrompt final : public k4cmn::Prompt {
+ public:
+    MessageAnswer Ask(const Message&) override { throw std::bad_alloc(); }
+};
+
+}  // namespace
+
+TEST_P(ThrowingPower, EndsItWithThePrivilegeGivenBack) {
+    m_power.throwsAt = GetParam().step;
+    EXPECT_EQ(ShutdownSystem(m_asked, std::nullopt, 0), GetParam().result);
+    EXPECT_EQ(m_power.calls, GetParam().calls);
+}
+
+INSTANTIATE_TEST_SUITE_P(Steps, ThrowingPower, testing::ValuesIn(kThrowingSteps),
+                         [](const auto& row) { return row.param.name; });
+
+TEST_F(Shutdown, QuestionThatCantBeShownEndsIt) {
+    ThrowingPrompt prompt;
+    EXPECT_EQ(ShutdownSystem(prompt, "Shut down?", 0), 0);
+    EXPECT_THAT(m_power.calls, IsEmpty());
 }
 
 TEST(ShutdownAlone, WithoutAPowerControlNothingIsStarted) {

@@ -156,6 +156,27 @@ TEST_F(WindowControl, ALoneWindowPassesOnlyOnTheGrid) {
     });
 }
 
+TEST_F(WindowControl, AnArrowGoesPastTheLastColumnWhichIsTold) {
+    Run([&] {
+        for (const char* column : {"65", "73", "80"}) {
+            ClickSpin(kColumnSpin + 8, 1);
+            EXPECT_EQ(Text(kColumn + 8), column);
+        }
+        PressKey(dialog, Qt::Key_Tab);
+        EXPECT_EQ(Text(kColumn + 8), "81");
+        messages.Expect("Enter an integer between -8 and 80.");
+        Click(dialog, kOk);
+        EXPECT_EQ(messages.Pending(), 0U);
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(FocusedId(dialog), kColumn + 8);
+        EXPECT_THAT(Sent(), IsEmpty());
+        ClickSpin(kColumnSpin + 8, -1);
+        EXPECT_EQ(Text(kColumn + 8), "73");
+        Click(dialog, kOk);
+    });
+    EXPECT_EQ(Sent().at(15), "k4ssWindowMove(Main, 8, 0, 72)");
+}
+
 TEST_F(WindowControl, RangesAreCheckedWindowByWindowTheRowFirst) {
     Run([&] {
         Enter(kRow + 2, "40");
@@ -304,6 +325,28 @@ TEST_F(WindowControl, EnterInAFieldIsOkWithTheNumberAsItStands) {
               }),
               IDOK);
     EXPECT_EQ(Sent().at(1), "k4ssWindowMove(Main, 1, 0, 8)");
+}
+
+TEST_F(WindowControl, LaterChangesOnTheSignAreNotFollowed) {
+    Run([&] {
+        MainSign(8, 8, kQuad);
+        Sign("Tick", 1, 8);
+        Window(1) = {"clock", 1, 4, 17};
+        Click(dialog, kApply);
+        EXPECT_EQ(rpc.Count("k4ssGetConfig"), 0U);
+        EXPECT_EQ(rpc.Count("k4ssListWindows"), 0U);
+        EXPECT_EQ(rpc.Count("k4ssListSigns"), 0U);
+        EXPECT_EQ(Sent().at(0), "k4ssWindowEnable(Main, 1, 0)");
+        EXPECT_EQ(Sent().at(1), "k4ssWindowMove(Main, 1, 0, 0)");
+        EXPECT_FALSE(Item<QCheckBox>(dialog, kEnable + 1)->isChecked());
+        const auto* sign = Item<QComboBox>(dialog, kWindowSign + 1);
+        EXPECT_EQ(sign->currentText().toStdString(), "Tick");
+        EXPECT_EQ(Text(kRow + 1), "1");
+        EXPECT_EQ(Text(kColumn + 1), "1");
+        EXPECT_EQ(Spin(kRowSpin + 1)->Lower(), -7);
+        EXPECT_EQ(Spin(kRowSpin + 1)->Upper(), 16);
+        Click(dialog, kCancel);
+    });
 }
 
 TEST_F(WindowControl, OpenedAgainItReadsAgain) {

@@ -309,13 +309,34 @@ TEST_F(WindowControl, HoldsTheLockFromConnectingToTheLastWrite) {
     });
 }
 
-TEST_F(WindowControl, GivesTheLockBackAfterAMessage) {
-    rpc.results["k4ssConnectSignAsUser"] = 1;
-    messages.Expect("Sign service unavailable.");
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+TEST_F(WindowControl, HoldsTheLockWhileAMessageOfOpeningIsShown) {
     Rival rival;
-    rival.Start();
+    rpc.results["k4ssConnectSignAsUser"] = 1;
+    messages.Expect(k4cmn::PlainMessage("Sign service unavailable."), k4cmn::MessageAnswer::Ok,
+                    [&] {
+                        rival.Start();
+                        EXPECT_FALSE(rival.GotItWithin(std::chrono::milliseconds(100)));
+                    });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    ASSERT_EQ(messages.Pending(), 0U);
     EXPECT_TRUE(rival.GotItWithin(std::chrono::seconds(10)));
+}
+
+TEST_F(WindowControl, HoldsTheLockWhileAMessageOfApplyingIsShown) {
+    Run([&] {
+        rpc.results["k4ssConnectSignAsUser"] = 1;
+        for (const int button : {+kApply, +kOk}) {
+            Rival rival;
+            messages.Expect(k4cmn::PlainMessage("Sign service unavailable."),
+                            k4cmn::MessageAnswer::Ok, [&] {
+                                rival.Start();
+                                EXPECT_FALSE(rival.GotItWithin(std::chrono::milliseconds(100)));
+                            });
+            Click(dialog, button);
+            ASSERT_EQ(messages.Pending(), 0U);
+            EXPECT_TRUE(rival.GotItWithin(std::chrono::seconds(10)));
+        }
+    });
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -15,22 +16,30 @@ class RecordingPower final : public k4cmn::PowerControl {
     int privilegeKnown = 1;
     std::uint32_t enableError = 0;
     int exits = 1;
+    std::string throwsAt;  ///< the call that runs out of memory
 
     int OpenProcessToken() override {
-        calls.emplace_back("open");
+        Record("open");
         return tokenOpens;
     }
     int LookupPrivilege(const char* name) override {
-        calls.push_back(std::string("look up ") + name);
+        Record(std::string("look up ") + name);
         return privilegeKnown;
     }
     std::uint32_t AdjustPrivilege(int enable) override {
-        calls.emplace_back(enable ? "enable" : "disable");
+        Record(enable ? "enable" : "disable");
         return enable ? enableError : 0;
     }
     int ExitSystem(std::uint32_t how) override {
-        calls.push_back("exit " + std::to_string(how));
+        Record("exit " + std::to_string(how));
         return exits;
+    }
+
+ private:
+    void Record(const std::string& call) {
+        calls.push_back(call);
+        if (call == throwsAt)
+            throw std::bad_alloc();
     }
 };
 

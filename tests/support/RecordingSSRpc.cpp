@@ -56,9 +56,14 @@ const RecordingSSRpc::Reply* RecordingSSRpc::ReplyOf(const char* stub) const {
     return found == replies.end() ? nullptr : &found->second;
 }
 
+template <class... Out>
+void RecordingSSRpc::CountNulls(const Out*... out) {
+    lastNullOutputs = (std::size_t{0} + ... + (out ? 0 : 1));
+}
+
 void RecordingSSRpc::FillText(const char* stub, char* buffer, Word capacity, Word* length) {
     lastCapacity = capacity;
-    lastLengthBefore = length ? *length : 0;
+    lastLengthBefore = length ? *length : kNoWord;
     if (const Reply* reply = ReplyOf(stub)) {
         CopyText(reply->text, reply->terminate, buffer, capacity);
         if (length)
@@ -106,44 +111,52 @@ R RecordingSSRpc::k4ssPing() {
     return Called("k4ssPing");
 }
 R RecordingSSRpc::k4ssListSigns(char* buffer, W capacity, W* length) {
+    CountNulls(buffer, length);
     FillText("k4ssListSigns", buffer, capacity, length);
     return Called("k4ssListSigns");
 }
 
 R RecordingSSRpc::k4ssGetChangeFlag(S sign, W* flag) {
+    CountNulls(flag);
     FillWords("k4ssGetChangeFlag", {flag});
     return Called("k4ssGetChangeFlag", sign);
 }
 R RecordingSSRpc::k4ssGetSchedChangeFlag(S sign, W* flag) {
+    CountNulls(flag);
     FillWords("k4ssGetSchedChangeFlag", {flag});
     return Called("k4ssGetSchedChangeFlag", sign);
 }
 R RecordingSSRpc::k4ssGetPhotocell(S sign, W* status) {
+    CountNulls(status);
     FillWords("k4ssGetPhotocell", {status});
     return Called("k4ssGetPhotocell", sign);
 }
 R RecordingSSRpc::k4ssGetTemperatureFreq(W selector, W* frequency) {
+    CountNulls(frequency);
     FillWords("k4ssGetTemperatureFreq", {frequency});
     return Called("k4ssGetTemperatureFreq", selector);
 }
 R RecordingSSRpc::k4ssGetStatus(S sign, char* buffer, W capacity, W* length) {
+    CountNulls(buffer, length);
     FillText("k4ssGetStatus", buffer, capacity, length);
     return Called("k4ssGetStatus", sign);
 }
 R RecordingSSRpc::k4ssGetSchedSeqStatus(S sign, char* schedule, W* scheduleCapacity, char* sequence,
                                         W* sequenceCapacity, W* word) {
+    CountNulls(schedule, scheduleCapacity, sequence, sequenceCapacity, word);
     const char* stub = "k4ssGetSchedSeqStatus";
     lastCapacity = *scheduleCapacity;
     if (const Reply* reply = ReplyOf(stub)) {
         CopyText(reply->text, reply->terminate, schedule, *scheduleCapacity);
         CopyText(reply->text2, reply->terminate, sequence, *sequenceCapacity);
     }
-    lastLengthBefore = word ? *word : 0;
+    lastLengthBefore = word ? *word : kNoWord;
     FillWords(stub, {word});
     return Called(stub, sign, *scheduleCapacity, *sequenceCapacity);
 }
 R RecordingSSRpc::k4ssGetFrameStatus(S sign, char* text, W* word1, W* word2, M* mode, W* word3,
                                      W* word4, W* word5) {
+    CountNulls(text, word1, word2, mode, word3, word4, word5);
     const char* stub = "k4ssGetFrameStatus";
     FillText(stub, text, 1024, nullptr);
     FillWords(stub, {word1, word2, word3, word4, word5});
@@ -152,6 +165,7 @@ R RecordingSSRpc::k4ssGetFrameStatus(S sign, char* text, W* word1, W* word2, M* 
     return Called(stub, sign);
 }
 R RecordingSSRpc::k4ssGetEffectStatus(S sign, W* word, std::uint8_t* bytes, W* length) {
+    CountNulls(word, bytes, length);
     const char* stub = "k4ssGetEffectStatus";
     if (const Reply* reply = ReplyOf(stub); reply && bytes)
         std::memcpy(bytes, reply->text.data(), reply->text.size());
@@ -159,6 +173,7 @@ R RecordingSSRpc::k4ssGetEffectStatus(S sign, W* word, std::uint8_t* bytes, W* l
     return Called(stub, sign);
 }
 R RecordingSSRpc::k4ssGetSchedule(S sign, W* word, std::uint8_t* bytes, W* length) {
+    CountNulls(word, bytes, length);
     const char* stub = "k4ssGetSchedule";
     if (const Reply* reply = ReplyOf(stub); reply && bytes)
         std::memcpy(bytes, reply->text.data(), reply->text.size());
@@ -166,6 +181,7 @@ R RecordingSSRpc::k4ssGetSchedule(S sign, W* word, std::uint8_t* bytes, W* lengt
     return Called(stub, sign);
 }
 R RecordingSSRpc::k4ssGetConfig(S sign, char* buffer, W capacity, W* length) {
+    CountNulls(buffer, length);
     // A script may answer for one sign alone, under "k4ssGetConfig:NAME".
     const std::string own = std::string("k4ssGetConfig:") + sign;
     const char* stub = replies.count(own) ? own.c_str() : "k4ssGetConfig";
@@ -174,23 +190,28 @@ R RecordingSSRpc::k4ssGetConfig(S sign, char* buffer, W capacity, W* length) {
     return results.count(own) ? results[own] : result;
 }
 R RecordingSSRpc::k4ssGetDIB(S sign, char* buffer, W capacity, W* length) {
+    CountNulls(buffer, length);
     FillText("k4ssGetDIB", buffer, capacity, length);
     return Called("k4ssGetDIB", sign, capacity);
 }
 R RecordingSSRpc::k4ssGetBulb(S sign, std::uint8_t* buffer, W capacity, W* word1, W* word2) {
+    CountNulls(buffer, word1, word2);
     FillText("k4ssGetBulb", reinterpret_cast<char*>(buffer), capacity, nullptr);
     FillWords("k4ssGetBulb", {word1, word2});
     return Called("k4ssGetBulb", sign, capacity);
 }
 R RecordingSSRpc::k4ssListWindows(S sign, char* buffer, W capacity, W* length) {
+    CountNulls(buffer, length);
     FillText("k4ssListWindows", buffer, capacity, length);
     return Called("k4ssListWindows", sign);
 }
 R RecordingSSRpc::k4ssGetQueue(S sign, char* buffer, W capacity, W* length) {
+    CountNulls(buffer, length);
     FillText("k4ssGetQueue", buffer, capacity, length);
     return Called("k4ssGetQueue", sign);
 }
 R RecordingSSRpc::k4ssGetDefaultSequence(S sign, char* buffer, W* capacity, M* mode, W* param) {
+    CountNulls(buffer, capacity, mode, param);
     const char* stub = "k4ssGetDefaultSequence";
     lastCapacity = *capacity;
     if (const Reply* reply = ReplyOf(stub)) {
@@ -202,6 +223,7 @@ R RecordingSSRpc::k4ssGetDefaultSequence(S sign, char* buffer, W* capacity, M* m
     return Called(stub, sign, *capacity);
 }
 R RecordingSSRpc::k4ssGetDefaultSeqFlag(S sign, W* flag) {
+    CountNulls(flag);
     FillWords("k4ssGetDefaultSeqFlag", {flag});
     return Called("k4ssGetDefaultSeqFlag", sign);
 }

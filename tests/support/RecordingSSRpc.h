@@ -84,13 +84,18 @@ class RecordingSSRpc final : public K4SSRpc {
 
     /// Bytes that the last stub with a buffer was given room for.
     std::uint32_t lastCapacity = 0;
-    /// What the last word of a length held when its stub was called.
-    std::uint32_t lastLengthBefore = 0;
+    /// What the last word of a length held when its stub was called; kNoWord where there was none.
+    std::uint32_t lastLengthBefore = kNoWord;
+    static constexpr std::uint32_t kNoWord = 0xFFFFFFFF;
+    /// How many of its out pointers the last stub that has any got as null.
+    std::size_t lastNullOutputs = 0;
 
  private:
     template <class... In>
     Result Called(const char* stub, const In&... in);
     const Reply* ReplyOf(const char* stub) const;
+    template <class... Out>
+    void CountNulls(const Out*... out);
     void FillText(const char* stub, char* buffer, Word capacity, Word* length);
     void FillWords(const char* stub, std::initializer_list<Word*> targets);
 };

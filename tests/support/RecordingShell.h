@@ -32,6 +32,7 @@ class RecordingShell final : public k4cmn::Shell {
     std::string openCommand;
     std::uint32_t runCode = 33;
     std::function<void()> onOpen;  ///< runs inside OpenVerb()
+    std::function<void()> onRun;   ///< runs inside Execute()
 
     int GetMajorVersion(std::uint32_t* major) override {
         calls.emplace_back("version");
@@ -61,6 +62,8 @@ class RecordingShell final : public k4cmn::Shell {
     }
     std::uint32_t Execute(const std::string& command, int showState) override {
         calls.push_back("run " + command + " " + std::to_string(showState));
+        if (onRun)
+            onRun();
         return runCode;
     }
 };

@@ -124,14 +124,8 @@ TEST_P(SSRpcContract, TheQueueKeepsItsEntriesInOrder) {
     ASSERT_EQ(m_rpc.k4ssQueueWindowEnable(Sign(), 2, 1), 0);
     ASSERT_EQ(m_rpc.k4ssQueueWindowMove(Sign(), 2, 2, 8), 0);
     ASSERT_EQ(m_rpc.k4ssQueueWindowEnable(Sign(), 1, 0), 0);
-    const std::vector<std::string> expected = {"1", m_fixture.file,
-                                               "4", "7",  //
-                                               "2", "2",
-                                               "1",  //
-                                               "3", "2",
-                                               "2", "8",  //
-                                               "2", "1",
-                                               "0"};
+    const std::vector<std::string> expected = Split(
+        "1\t" + m_fixture.file + "\t4\t7\n" + "2\t2\t1\n" + "3\t2\t2\t8\n" + "2\t1\t0", "\t\n");
     EXPECT_EQ(Queue(), expected);
     EXPECT_EQ(Queue(), expected) << "reading took something away";
 }

@@ -10,7 +10,7 @@ class K4SSRpcConnection {
 
     /// Connects the process to a service, in place of the connection that it may have.
     /// @param service a machine's name, "." for this one.
-    /// @param a,b,c   three optional texts of the transport; the library always passes null.
+    /// @param a,b,c three optional texts of the transport; the library always passes null.
     virtual std::int32_t k4ssConnectSignAsUser(const char* service, const char* a, const char* b,
                                                const char* c) = 0;
     /// Drops the connection.

@@ -32,10 +32,12 @@ class K4SSRpcReads {
                                             std::uint32_t* word2, tag_K4_PLAY_SEQ_MODE* mode,
                                             std::uint32_t* word3, std::uint32_t* word4,
                                             std::uint32_t* word5) = 0;
-    /// The state of the running effect: a word, bytes, and a word that says how many.
+    /// The state of the running effect: a word and bytes.
+    /// @param length in: room of `bytes`; out: how many.
     virtual std::int32_t k4ssGetEffectStatus(const char* sign, std::uint32_t* word,
                                              std::uint8_t* bytes, std::uint32_t* length) = 0;
-    /// The running schedule: a word, its bytes, and a word that says how many.
+    /// The running schedule: a word and its bytes.
+    /// @param length in: room of `bytes`; out: how many.
     virtual std::int32_t k4ssGetSchedule(const char* sign, std::uint32_t* word, std::uint8_t* bytes,
                                          std::uint32_t* length) = 0;
     /// One line of nine fields, separated by tabs: rows, columns, color, pixel technology, a field

@@ -167,10 +167,11 @@ int CK4Registry::EnumerateKeys(const CK4Registry& openKey, std::vector<std::stri
     if (!openKey.m_key)
         return 0;
     return ReadList(names, [&](auto& list) {
-        list = openKey.m_key->Subkeys();
+        if (!openKey.m_key->Subkeys(list))
+            return 0;
         if (prefix)
             std::erase_if(list,
                           [&](const std::string& name) { return !name.starts_with(*prefix); });
-        return true;
+        return 1;
     });
 }

@@ -74,7 +74,7 @@ class K4CMNCORE_EXPORT CK4Registry {
     /// The full key text of a pair of names.
     static std::string BuildRegistryKey(const std::string& key, const std::string& subkey = {});
     /// The names of an open key's subkeys that begin with `prefix` (null: all), the list being
-    /// replaced.
+    /// replaced. @return 0 with the list as it was if no key is open or the names can't be read.
     static int EnumerateKeys(const CK4Registry& openKey, std::vector<std::string>& names,
                              const std::string* prefix = nullptr);
 

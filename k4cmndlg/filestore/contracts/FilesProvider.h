@@ -39,11 +39,10 @@ class K4CMNCORE_EXPORT FilesProvider {
     /// Lists the names that match a pattern, in no order.
     /// @param names   filled with the names (no folder part); what it held is replaced.
     /// @param pattern a composed path whose last component holds '*' and '?'. Case doesn't count,
-    /// and
-    ///                "*.*" matches every name.
+    ///                and "*.*" matches every name.
     /// @param folders not 0 lists folders, 0 lists files.
-    /// @return 1 if the folder could be read, also when nothing matched; 0 with an empty list if
-    /// not.
+    /// @return 1 if the folder could be read, also when nothing matched; 0 with an empty list if it
+    ///         couldn't.
     virtual int FindFiles(std::vector<std::string>& names, const std::string& pattern,
                           int folders) = 0;
 

@@ -26,7 +26,10 @@ class K4CMNCORE_EXPORT RegistryKey {
     /// @return 1 if it is stored.
     virtual int SetDword(const std::string& name, std::uint32_t value) = 0;
     /// The names of the subkeys.
-    virtual std::vector<std::string> Subkeys() = 0;
+    /// @return 1 and the names, what the list held being replaced; or 0 with the list left as it
+    /// was
+    ///         if they can't be read.
+    virtual int Subkeys(std::vector<std::string>& names) = 0;
 };
 
 /// What a machine's settings say about one sign.
@@ -55,8 +58,8 @@ class K4CMNCORE_EXPORT RegistryProvider {
     virtual ~RegistryProvider();
 
     /// Opens a key of the user's part.
-    /// @param key, subkey the pair of names; `subkey` may be empty, and names may hold '\' for
-    /// levels.
+    /// @param key, subkey the pair of names; `subkey` may be empty, and '\' in a name separates
+    ///                    levels.
     /// @param create      not 0 makes the key if it isn't there.
     /// @return the open key, or null if it doesn't exist or can't be made.
     virtual std::unique_ptr<RegistryKey> OpenUserKey(const std::string& key,

@@ -34,8 +34,7 @@ class K4CMNCORE_EXPORT Shell {
     /// Carries out a file operation.
     /// @param function FO_COPY or FO_DELETE.
     /// @param from     the packed list: each path ended by a zero, and one more zero behind the
-    /// last.
-    ///                 Paths are native or of the store ('\' and server texts).
+    ///                 last. Paths are native or of the store ('\' and server texts).
     /// @param to       the destination folder or, for a single file, file; unused by FO_DELETE.
     /// @param flags    the sum of FOF_ values.
     /// @return 0 for success; any other value for failure or where a person cancelled.

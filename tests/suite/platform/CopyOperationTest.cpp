@@ -100,6 +100,33 @@ TEST_F(CopyOperationTest, FoldersAreLeftOutWithFilesOnlyAndFailWithout) {
     EXPECT_EQ(In("to"), Names{"a"});
 }
 
+TEST_F(CopyOperationTest, NativeNamesThatDifferInCaseAreTwo) {
+    folder.Write("a.SQ4", "new");
+    folder.Write("to/A.SQ4", "old");
+    EXPECT_EQ(Copy({"a.SQ4"}, "to"), kFileOperationDone);
+    EXPECT_TRUE(ui.questions.empty());
+    EXPECT_EQ(In("to"), (Names{"A.SQ4", "a.SQ4"}));
+}
+
+TEST_F(CopyOperationTest, NameGoesWhereTheFolderPutsIt) {
+    folder.Write("a", "new");
+    folder.Write("b", "newer");
+    folder.Write("c", "other");
+    const k4suite::PlaceOf placeOf = [this](const std::string& name) {
+        return name == "c" ? std::string() : (folder / "to/AB").string();
+    };
+    std::vector<std::string> paths;
+    for (const char* name : {"a", "b", "c"})
+        paths.push_back((folder / name).string());
+    ui.answers = {FileAnswer::Yes};
+    EXPECT_EQ(k4suite::CopyFiles(paths, (folder / "to").string(), 0, ui, placeOf),
+              kFileOperationFailed)
+        << "there is no place for the last";
+    EXPECT_EQ(ui.questions.size(), 1u) << "the second finds the first";
+    EXPECT_EQ(In("to"), Names{"AB"});
+    EXPECT_EQ(folder.Read("to/AB"), "newer");
+}
+
 TEST_F(CopyOperationTest, PermissionsAndTimeAreKept) {
     const fs::path source = folder.Write("a", "one");
     ASSERT_EQ(chmod(source.c_str(), 0640), 0);

@@ -5,13 +5,17 @@
 #include <sys/utsname.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "suite/platform/FileOperationResult.h"
+#include "suite/settings/DataHome.h"
+#include "suite/store/NativePath.h"
 #include "tests/suite/platform/OrdinaryUser.h"
 #include "tests/suite/platform/ScopedEnvironment.h"
 #include "tests/suite/platform/ScriptedFileUi.h"
@@ -27,6 +31,8 @@ using k4test::TempFolder;
 namespace {
 
 constexpr int kShow = k4cmn::SW_SHOW;
+
+using Paths = std::vector<std::string>;
 
 class ShellTest : public testing::Test {
  protected:
@@ -113,6 +119,81 @@ TEST_F(ShellTest, EveryPathGoesThroughTheMapper) {
               0u);
     EXPECT_EQ(mapped.OpenVerb("A:\\a", kShow), 2u);
     EXPECT_EQ(mapped.OpenVerb("A:\\no\\a", kShow), 2u) << "mapped to a name with a backslash";
+}
+
+class StoreCopyTest : public ShellTest {
+ protected:
+    StoreCopyTest() {
+        folder.Write("home/drives/A/To.Lib/A.SQ4", "old");
+        folder.Write("native/a.SQ4", "new");
+    }
+    std::uint32_t Copy(const Paths& from, const std::string& to) {
+        return stores.FileOperation(k4cmn::FO_COPY, k4cmn::PackPaths(from), to,
+                                    k4cmn::FOF_FILESONLY);
+    }
+    Paths In(const std::string& name) const {
+        Paths names;
+        for (const auto& entry : fs::directory_iterator(folder / name))
+            names.push_back(entry.path().filename().string());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    const std::string source = (folder / "native/a.SQ4").string();
+    const std::string library = (folder / "home/drives/A/To.Lib").string();
+    FreedesktopShell stores{ui, [this](const std::string& given) {
+                                return k4suite::NativePath(k4suite::DataHome(folder / "home"),
+                                                           given);
+                            }};
+};
+
+TEST_F(StoreCopyTest, FileOfTheNameInAnyCaseIsAskedAboutAndReplaced) {
+    for (const char* to : {"A:\\To.Lib", "a:\\to.lib\\", "A:\\To.Lib\\a.SQ4"}) {
+        folder.Write("home/drives/A/To.Lib/A.SQ4", "old");
+        ui.questions.clear();
+        ui.answers = {k4suite::FileAnswer::Yes};
+        EXPECT_EQ(Copy({source}, to), 0u) << to;
+        EXPECT_EQ(
+            ui.questions,
+            (std::vector<k4suite::FileQuestion>{
+                {"Copy",
+                 "The folder '" + library + "' already has a file named 'A.SQ4'.\nReplace it?",
+                 false, true}}))
+            << to;
+        EXPECT_EQ(In("home/drives/A/To.Lib"), Paths{"A.SQ4"}) << to;
+        EXPECT_EQ(folder.Read("home/drives/A/To.Lib/A.SQ4"), "new") << to;
+    }
+}
+
+TEST_F(StoreCopyTest, NoLeavesTheFileOfTheNameInAnyCase) {
+    ui.answers = {k4suite::FileAnswer::No};
+    EXPECT_EQ(Copy({source}, "A:\\To.Lib"), 0u);
+    EXPECT_EQ(In("home/drives/A/To.Lib"), Paths{"A.SQ4"});
+    EXPECT_EQ(folder.Read("home/drives/A/To.Lib/A.SQ4"), "old");
+}
+
+TEST_F(StoreCopyTest, TwoOfOneNameInOneCopyAreOneFile) {
+    folder.Write("native/b.SQ4", "one");
+    folder.Write("other/B.SQ4", "two");
+    ui.answers = {k4suite::FileAnswer::Yes};
+    EXPECT_EQ(
+        Copy({(folder / "native/b.SQ4").string(), (folder / "other/B.SQ4").string()}, "A:\\To.Lib"),
+        0u);
+    EXPECT_EQ(ui.questions.size(), 1u);
+    EXPECT_EQ(In("home/drives/A/To.Lib"), (Paths{"A.SQ4", "b.SQ4"}));
+    EXPECT_EQ(folder.Read("home/drives/A/To.Lib/b.SQ4"), "two");
+}
+
+TEST_F(StoreCopyTest, FileOntoItselfInAnotherCaseIsRefused) {
+    EXPECT_NE(Copy({"A:\\To.Lib\\a.sq4"}, "A:\\TO.LIB"), 0u);
+    EXPECT_TRUE(ui.questions.empty());
+    EXPECT_EQ(folder.Read("home/drives/A/To.Lib/A.SQ4"), "old");
+}
+
+TEST_F(StoreCopyTest, NativeDestinationKeepsItsNamesApart) {
+    EXPECT_EQ(Copy({source}, library), 0u);
+    EXPECT_TRUE(ui.questions.empty());
+    EXPECT_EQ(In("home/drives/A/To.Lib"), (Paths{"A.SQ4", "a.SQ4"}));
 }
 
 TEST_F(ShellTest, RelativePathsBeginAtTheCurrentFolder) {

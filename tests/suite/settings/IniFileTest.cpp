@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -163,6 +164,56 @@ TEST_F(Ini, HandWrittenFileIsRead) {
     EXPECT_EQ(Get(file, "File Locations/Server"), "A:");
     EXPECT_EQ(Get(file, "File Locations/List"), "a, b");
     EXPECT_EQ(file.Problems(), Texts{});
+    // What differs from what was read is stored.
+    EXPECT_EQ(Set(file, "File Locations/List", "a,b"), 1);
+    EXPECT_EQ(Get(file, "File Locations/List"), "a,b");
+    IniFile other(Path());
+    EXPECT_EQ(Get(other, "File Locations/List"), "a,b");
+}
+
+// Leftovers --------------------------------------------------------------------------------------
+
+/// The number of a process that has ended.
+pid_t EndedProcess() {
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(0);
+    EXPECT_EQ(waitpid(child, nullptr, 0), child);
+    return child;
+}
+
+TEST_F(Ini, CopiesOfProcessesThatEndedGoWithTheNextChange) {
+    const std::string dead = std::to_string(EndedProcess());
+    const std::string alive = std::to_string(getppid());
+    const Texts gone{"user.ini.new-" + dead + "-1", "user.ini.new-" + dead + "-27-again",
+                     "user.ini.new-" + dead + "-3.aBcDeF"};
+    const Texts kept{"other.ini.new-" + dead + "-1", "user.ini",
+                     "user.ini.damaged-1",           "user.ini.new-" + alive + "-1",
+                     "user.ini.new-" + dead,         "user.ini.new--" + dead + "-1",
+                     "user.ini.new-notes-1",         "user.ini.newer"};
+    for (const Texts& names : {gone, kept})
+        for (const std::string& name : names)
+            folder.Write("settings/" + name, "[a]\nb=1\n");
+    Texts sorted = kept;
+    std::sort(sorted.begin(), sorted.end());
+
+    IniFile file(Path());
+    EXPECT_EQ(Get(file, "a/b"), "1");
+    EXPECT_EQ(Set(file, "a/b", "1"), 1);
+    EXPECT_EQ(Beside().size(), gone.size() + kept.size()) << "nothing was written";
+    EXPECT_EQ(Set(file, "a/b", "2"), 1);
+    EXPECT_EQ(Beside(), sorted);
+}
+
+TEST_F(Ini, CopiesGoWhereTheFileIsThatALinkLeadsTo) {
+    const std::string leftover = "real.ini.new-" + std::to_string(EndedProcess()) + "-1";
+    const fs::path real = folder.Write("elsewhere/real.ini", "[a]\nb=1\n");
+    folder.Write("elsewhere/" + leftover);
+    fs::create_directories(Path().parent_path());
+    fs::create_symlink(real, Path());
+    IniFile file(Path());
+    EXPECT_EQ(Set(file, "a/b", "2"), 1);
+    EXPECT_FALSE(fs::exists(folder / ("elsewhere/" + leftover)));
 }
 
 // Failing writes ---------------------------------------------------------------------------------
@@ -174,6 +225,49 @@ TEST_F(Ini, FolderInPlaceOfTheFile) {
     EXPECT_EQ(Set(file, "a/b", "x"), 0);
     EXPECT_TRUE(fs::is_directory(Path()));
     EXPECT_EQ(Beside(), Texts{"user.ini"});
+}
+
+TEST_F(Ini, PipeInPlaceOfTheFile) {
+    fs::create_directories(Path().parent_path());
+    ASSERT_EQ(mkfifo(Path().c_str(), 0600), 0);
+    IniFile file(Path());
+    EXPECT_EQ(CanRead(file), 0);
+    EXPECT_EQ(Set(file, "a/b", "x"), 0);
+    EXPECT_TRUE(fs::is_fifo(Path()));
+    EXPECT_EQ(Beside(), Texts{"user.ini"});
+    EXPECT_EQ(file.Problems(), Texts{});
+}
+
+TEST_F(Ini, PlaceThatIsNotUtf8IsNotUsedAndNoOtherEither) {
+    IniFile file(folder / "h\xff/user.ini");
+    EXPECT_EQ(CanRead(file), 0);
+    EXPECT_EQ(Set(file, "a/b", "x"), 0);
+    EXPECT_TRUE(fs::is_empty(folder.Path()));
+    EXPECT_EQ(file.Problems(),
+              Texts{folder.Path().string() + "/h\uFFFD/user.ini is no place that can be used."});
+}
+
+TEST_F(Ini, LinkToAPlaceThatIsNotUtf8IsNotUsed) {
+    const fs::path real = folder.Write("h\xff.ini", "[a]\nb=1\n");
+    fs::create_directories(Path().parent_path());
+    fs::create_symlink(real, Path());
+    IniFile file(Path());
+    EXPECT_EQ(CanRead(file), 0);
+    EXPECT_EQ(Set(file, "a/b", "x"), 0);
+    EXPECT_EQ(folder.Read("h\xff.ini"), "[a]\nb=1\n");
+    EXPECT_EQ(file.Problems(),
+              Texts{folder.Path().string() + "/h\uFFFD.ini is no place that can be used."});
+    EXPECT_EQ(Beside(), Texts{"user.ini"});
+}
+
+TEST_F(Ini, FolderBehindALinkMayHaveAnyName) {
+    fs::create_directories(folder / "h\xff");
+    fs::create_directory_symlink(folder / "h\xff", Path().parent_path());
+    IniFile file(Path());
+    EXPECT_EQ(Set(file, "a/b", "1"), 1);
+    EXPECT_EQ(Set(file, "a/b", "2"), 1);
+    EXPECT_EQ(Get(file, "a/b"), "2");
+    EXPECT_EQ(folder.Read("h\xff/user.ini"), "[a]\nb=2\n");
 }
 
 TEST_F(Ini, FileInPlaceOfTheFolder) {

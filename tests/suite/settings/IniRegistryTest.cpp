@@ -221,6 +221,9 @@ TEST_F(Registry, FailedWritesAreTold) {
     EXPECT_EQ(registry.SetRegistryDword("v", &number), 0);
     EXPECT_EQ(CK4Registry::SetPreviewOptions("path"), 0);
     EXPECT_EQ(registry.CreateUserRegistryKey("other"), 0);
+    Texts names{"kept"};
+    EXPECT_EQ(CK4Registry::EnumerateKeys(registry, names), 0);
+    EXPECT_EQ(names, Texts{"kept"});
     EXPECT_EQ(registry.OpenUserRegistryKey("k"), 0);
 }
 
@@ -262,6 +265,19 @@ TEST_F(Registry, OpenKeyOutlivesTheRegistry) {
     std::string text;
     EXPECT_EQ(key->GetString("v", &text), 1);
     EXPECT_EQ(text, "x");
+}
+
+TEST_F(Registry, HomeThatIsNotUtf8IsNotUsed) {
+    const DataHome bad(folder / "h\xff");
+    IniRegistry lost(bad);
+    const k4cmn::ScopedProvider<k4cmn::RegistryProvider> useLost(lost);
+    CK4Registry registry;
+    EXPECT_EQ(registry.OpenUserRegistryKey("k"), 0);
+    EXPECT_EQ(registry.CreateUserRegistryKey("k"), 0);
+    EXPECT_EQ(CK4Registry::SetPreviewOptions("path"), 0);
+    EXPECT_EQ(lost.Problems(), Texts{folder.Path().string() +
+                                     "/h\uFFFD/settings/user.ini is no place that can be used."});
+    EXPECT_TRUE(fs::is_empty(folder.Path()));
 }
 
 TEST_F(Registry, TwoProcessesKeepEachOthersValues) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
+
 #include "tests/support/TempFolder.h"
 
 namespace {
@@ -183,6 +185,27 @@ TEST_F(MachineFile, ServiceWithoutANameIsLeftOut) {
     EXPECT_EQ(problem, "Service 1 is left out. It has no name.");
 }
 
+TEST_F(MachineFile, SecondServiceOfTheSameNameIsLeftOut) {
+    EXPECT_EQ(Read("[Service1]\nName=North\nServer1=A:\n[Service3]\nName=nORTH\nServer1=B:\n"
+                   "[Service4]\nName=East\n"),
+              1);
+    ASSERT_EQ(machine.services.size(), 2u);
+    EXPECT_EQ(machine.services[0].name, "North");
+    EXPECT_EQ(machine.services[0].servers, Texts{"A:"});
+    EXPECT_EQ(machine.services[1].name, "East");
+    EXPECT_EQ(problem, "Service 3 (\"nORTH\") is left out. Another service has its name.");
+}
+
+TEST_F(MachineFile, SameNameBehindAnotherPhoneBookEntryIsAnotherService) {
+    EXPECT_EQ(Read("[Service1]\nName=Local\n"
+                   "[Service2]\nName=Local\nPhoneBookEntry=Harbour\n"
+                   "[Service3]\nName=Local\nPhoneBookEntry=HARBOUR\n"),
+              1);
+    ASSERT_EQ(machine.services.size(), 2u);
+    EXPECT_EQ(machine.services[1].phoneBookEntry, "Harbour");
+    EXPECT_EQ(problem, "Service 3 (\"Local\") is left out. Another service has its name.");
+}
+
 TEST_F(MachineFile, WithoutAFileThereIsNothingToTell) {
     machine.services.push_back({"kept", "", {}, {}});
     EXPECT_EQ(ReadMachineSettings(home, machine, &problem), 0);
@@ -243,10 +266,10 @@ TEST_F(MachineFile, ContentsOfAnyKindDoNoHarm) {
     std::uint32_t random = 12345;
     for (int round = 0; round < 200; ++round) {
         std::string content;
-        const char* const pieces[] = {
+        const std::string_view pieces[] = {
             "[Service1]\n", "Name=",    "Sign1\\", "Rows=", "\xff", "=", "[",     "]", "\n",
             "99999999999",  "Server1=", "\"",      "\\x",   "%",    "@", "Local", ",", ";",
-            "Color=",       "\0"};
+            "Color=",       {"\0", 1}};
         for (int i = 0; i < 30; ++i) {
             random = random * 1664525 + 1013904223;
             content += pieces[(random >> 16) % std::size(pieces)];

@@ -80,6 +80,18 @@ TEST_F(Find, EveryNameButTheTwoDots) {
     EXPECT_EQ(Found("A:\\.*", 1), Names{".e"});
 }
 
+TEST_F(Find, CopiesThatArentFinishedAreNotListed) {
+    File(".k4copy-aBc123");
+    Folder(".k4copy-folder");
+    File(".k4copy");
+    File("a.k4copy-b");
+    EXPECT_EQ(Found("A:\\*.*", 0), (Names{".k4copy", "a.k4copy-b"}));
+    EXPECT_EQ(Found("A:\\*", 1), Names{});
+    EXPECT_EQ(Found("A:\\.k4copy-*", 0), Names{});
+    EXPECT_EQ(Found("A:\\.k4copy-aBc123", 0), Names{});
+    EXPECT_EQ(Found("A:\\*123", 0), Names{});
+}
+
 TEST_F(Find, NothingFoundIsASuccessWithAnEmptyList) {
     EXPECT_EQ(Found("A:\\*.SQ4", 0), Names{});
     EXPECT_EQ(Found("A:\\*.*", 1), Names{});
