@@ -75,7 +75,7 @@ struct EmbeddedSuite::Parts {
     std::unique_ptr<k4cmn::ScopedProvider<K4SSRpc>> useRpc;
 };
 
-EmbeddedSuite::EmbeddedSuite(DataHome home, std::string program, FileOperationUi* ui,
+EmbeddedSuite::EmbeddedSuite(DataHome home, const std::string& program, FileOperationUi* ui,
                              k4cmn::Clock* clock)
     : m_parts(std::make_unique<Parts>(std::move(home), program, ui,
                                       clock ? *clock : k4cmn::Provided<k4cmn::Clock>::Current())) {}

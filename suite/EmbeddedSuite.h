@@ -31,7 +31,7 @@ class EmbeddedSuite {
     /// @param ui      questions and progress of file operations; must outlive the object.
     ///                Null: every question is answered No and nothing is shown.
     /// @param clock   the time; must outlive the object. Null: the system's.
-    EmbeddedSuite(DataHome home, std::string program, FileOperationUi* ui = nullptr,
+    EmbeddedSuite(DataHome home, const std::string& program, FileOperationUi* ui = nullptr,
                   k4cmn::Clock* clock = nullptr);
     ~EmbeddedSuite();
     EmbeddedSuite(const EmbeddedSuite&) = delete;

@@ -227,8 +227,8 @@ void CK4CmnHyperLink::paintEvent(QPaintEvent*) {
     if (isEnabled())
         colours.setColor(QPalette::WindowText, QColor(TextColour()));
     style()->drawItemText(&painter, contentsRect(),
-                          QStyle::visualAlignment(layoutDirection(), alignment()), colours,
-                          isEnabled(), text(), QPalette::WindowText);
+                          static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment())),
+                          colours, isEnabled(), text(), QPalette::WindowText);
     if (!hasFocus())
         return;
     QStyleOptionFocusRect focus;

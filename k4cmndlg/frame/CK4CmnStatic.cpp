@@ -53,7 +53,8 @@ void CK4CmnStatic::PaintText(QPainter& painter) {
     colours.setColor(QPalette::WindowText, painter.pen().color());
     drawFrame(&painter);
     const int gap = margin() + std::max(indent(), 0);
-    int flags = QStyle::visualAlignment(layoutDirection(), alignment()) | Qt::TextExpandTabs;
+    int flags = static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment())) |
+                Qt::TextExpandTabs;
     if (wordWrap())
         flags |= Qt::TextWordWrap;
     if (buddy())

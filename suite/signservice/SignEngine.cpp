@@ -18,7 +18,7 @@ constexpr std::size_t kMostProblems = 100;
 
 }  // namespace
 
-SignEngine::SignEngine(const MachineSettings& settings, std::filesystem::path stateFolder,
+SignEngine::SignEngine(const MachineSettings& settings, const std::filesystem::path& stateFolder,
                        k4cmn::Clock& clock, k4cmn::FilesProvider& files)
     : m_clock(clock), m_store(files) {
     std::vector<std::string> problems;

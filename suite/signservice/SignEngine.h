@@ -33,7 +33,7 @@ class SignEngine {
     /// @param settings    the machines and their signs.
     /// @param stateFolder where signs keep their state; made when needed.
     /// @param clock,files must outlive the engine.
-    SignEngine(const MachineSettings& settings, std::filesystem::path stateFolder,
+    SignEngine(const MachineSettings& settings, const std::filesystem::path& stateFolder,
                k4cmn::Clock& clock, k4cmn::FilesProvider& files);
     ~SignEngine();
     SignEngine(const SignEngine&) = delete;

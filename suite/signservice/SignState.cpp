@@ -219,7 +219,8 @@ SignKept FromJson(const QJsonObject& json) {
     for (qsizetype window = 0; window < count; ++window)
         kept.windows[static_cast<std::size_t>(window)] =
             WindowFromJson(windows.at(window).toObject());
-    for (const QJsonValue& value : json.value(QStringLiteral("queue")).toArray()) {
+    const QJsonArray queue = json.value(QStringLiteral("queue")).toArray();
+    for (const auto& value : queue) {
         const std::optional<QueueEntry> entry = EntryFromJson(value.toObject());
         if (entry && kept.queue.size() < DisplayQueue::kMost)
             kept.queue.push_back(*entry);
