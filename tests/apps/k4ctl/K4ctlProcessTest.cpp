@@ -86,7 +86,8 @@ TEST_F(K4ctl, DimmingHoldsInTheNextRun) {
     };
     for (const DimRow& row : rows) {
         Good(QStringList{QStringLiteral("dim"), sign} + row.words);
-        const auto dimming = GoodJson({QStringLiteral("config"), sign})[QLatin1String("dimming")];
+        const QJsonValue dimming =
+            GoodJson({QStringLiteral("config"), sign}).value(QLatin1String("dimming"));
         EXPECT_EQ(dimming[QLatin1String("value")].toInt(), row.mode);
         if (row.key) {
             EXPECT_EQ(dimming[QLatin1String(row.key)].toInt(), row.value);
