@@ -29,22 +29,27 @@ void IndexLines(const BulbLines& bulbs, const PixelLines& pixels) {
     }
 }
 
-/// How many lamps go through the three channels at a time: few enough to stay close by.
-constexpr std::size_t kGroupsAtATime = 32;
+/// How many words of lamps go through the three channels at a time: few enough to stay close by,
+/// and enough to use up what comes with a read of memory before other planes drive it out.
+constexpr std::size_t kWordsAtATime = 32;
+constexpr std::size_t kLampsOfWord = 16;
 
 /// A stretch of one channel's light.
-using Stretch = std::array<std::uint8_t, kGroupsAtATime * 8>;
+using Stretch = std::array<std::uint8_t, kWordsAtATime * kLampsOfWord>;
 
 template <unsigned Bits>
-void GatherLight(const std::uint8_t* line, std::size_t planeBytes, std::size_t firstGroup,
-                 std::size_t groups, Stretch& light) {
+void GatherLight(const std::uint8_t* words, std::size_t count, std::size_t planeBytes,
+                 Stretch& light) {
     // The brightest shade divides the full light, and the product stays inside of its byte.
     constexpr unsigned scale = 255 / ((1U << Bits) - 1);
     static_assert(scale * ((1U << Bits) - 1) == 255);
-    for (std::size_t group = 0; group < groups; ++group) {
-        const EightLamps lamps =
-            GatherShades<Bits>(line + ByteOfGroup(firstGroup + group), planeBytes) * scale;
-        std::memcpy(light.data() + group * sizeof lamps, &lamps, sizeof lamps);
+    std::uint8_t* out = light.data();
+    for (std::size_t word = 0; word < count; ++word, words += 2, out += kLampsOfWord) {
+        const EightLamps lamps[] = {
+            GatherShades<Bits>(words + ByteOfGroup(0), planeBytes) * scale,
+            GatherShades<Bits>(words + ByteOfGroup(1), planeBytes) * scale,
+        };
+        std::memcpy(out, lamps, sizeof lamps);
     }
 }
 
@@ -60,19 +65,20 @@ template <unsigned Bits>
 void LightLines(const BulbLines& bulbs, const PixelLines& pixels) {
     const std::size_t planeBytes = bulbs.PlaneBytes();
     const std::size_t channelBytes = planeBytes * Bits;
-    const std::size_t allGroups = (std::size_t{bulbs.columns} + 7) / 8;
+    const std::size_t allWords = bulbs.Words();
     Stretch red;
     Stretch green;
     Stretch blue;
     for (std::uint32_t row = 0; row < bulbs.rows; ++row) {
-        const std::uint8_t* line = bulbs.Line(row);
-        for (std::size_t first = 0; first < allGroups; first += kGroupsAtATime) {
-            const std::size_t groups = std::min(kGroupsAtATime, allGroups - first);
-            GatherLight<Bits>(line, planeBytes, first, groups, red);
-            GatherLight<Bits>(line + channelBytes, planeBytes, first, groups, green);
-            GatherLight<Bits>(line + 2 * channelBytes, planeBytes, first, groups, blue);
-            Interleave(red, green, blue, std::min(groups * 8, bulbs.columns - first * 8),
-                       pixels.Line(row) + first * 8 * sizeof(std::uint32_t));
+        for (std::size_t first = 0; first < allWords; first += kWordsAtATime) {
+            const std::uint8_t* words = bulbs.Line(row) + 2 * first;
+            const std::size_t count = std::min(kWordsAtATime, allWords - first);
+            GatherLight<Bits>(words, count, planeBytes, red);
+            GatherLight<Bits>(words + channelBytes, count, planeBytes, green);
+            GatherLight<Bits>(words + 2 * channelBytes, count, planeBytes, blue);
+            const std::size_t column = first * kLampsOfWord;
+            Interleave(red, green, blue, std::min(count * kLampsOfWord, bulbs.columns - column),
+                       pixels.Line(row) + column * sizeof(std::uint32_t));
         }
     }
 }

@@ -22,9 +22,10 @@ struct Size {
 };
 
 // Odd and even, around words, groups of eight and the stretches that are converted at a time.
-constexpr Size kSizes[] = {{1, 1},  {1, 2},   {2, 1},   {2, 2},   {3, 3},   {7, 16},   {8, 15},
-                           {9, 17}, {5, 23},  {4, 24},  {3, 31},  {2, 32},  {6, 33},   {7, 48},
-                           {5, 57}, {3, 127}, {2, 255}, {3, 256}, {3, 257}, {5, 1021}, {33, 513}};
+constexpr Size kSizes[] = {{1, 1},   {1, 2},   {2, 1},    {2, 2},    {3, 3},   {7, 16},
+                           {8, 15},  {9, 17},  {5, 23},   {4, 24},   {3, 31},  {2, 32},
+                           {6, 33},  {7, 48},  {5, 57},   {3, 127},  {2, 255}, {3, 256},
+                           {3, 257}, {2, 512}, {5, 1021}, {1, 1040}, {33, 513}};
 
 std::size_t PictureBytes(const Size& size, std::uint32_t bitsOfPixel) {
     return std::size_t{(size.columns * bitsOfPixel + 31) / 32 * 4} * size.rows;
