@@ -91,6 +91,8 @@ bool SequenceWriter::Fail(const std::string& words) {
 bool SequenceWriter::Write(std::span<const std::uint8_t> bytes) {
     if (!m_problem.empty())
         return false;
+    if (bytes.empty())
+        return true;
     if (std::fwrite(bytes.data(), 1, bytes.size(), m_file) != bytes.size())
         return Fail("Cannot write \"" + m_path + "\": " + SystemWords() + ".");
     m_written += bytes.size();

@@ -2,7 +2,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <csignal>
+#include <thread>
 
 #include "suite/sequence/HeadJournal.h"
 #include "suite/sequence/SequenceCheck.h"
@@ -264,6 +266,29 @@ TEST_F(SequenceSave, FramesThatAnotherProgramWroteStay) {
     SetContent(other);
     ASSERT_EQ(file->Save(), 1);
     EXPECT_EQ(Opened()->SosData()->color, 1U);
+}
+
+TEST_F(SequenceSave, ReadersSeeOneSavingWhole) {
+    std::atomic<bool> isSaving = true;
+    std::thread saver([&] {
+        const auto file = Opened(K4_OPEN_READWRITE);
+        for (int round = 0; round < 20; ++round) {
+            const std::string text(1000, static_cast<char>('a' + round));
+            EXPECT_EQ(file->SetKeywordsString(text), 1);
+            EXPECT_EQ(file->SetCommentsString(text), 1);
+            EXPECT_EQ(file->Save(), 1) << file->GetPtrToErrorString();
+        }
+        isSaving = false;
+    });
+    int differing = 0;
+    while (isSaving) {
+        const auto file = Opened();
+        const std::string keywords = file->GetPtrToKeywords();
+        differing += keywords != "summer; sale; " && keywords != file->GetPtrToComments();
+    }
+    saver.join();
+    EXPECT_EQ(differing, 0);
+    EXPECT_EQ(Opened()->GetPtrToKeywords(), std::string(1000, 't'));
 }
 
 class SequenceMaking : public SequenceFixture {
