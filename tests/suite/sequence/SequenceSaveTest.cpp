@@ -1,13 +1,15 @@
-#include <sys/resource.h>
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
-#include <csignal>
 #include <thread>
 
+#include "suite/platform/Descriptor.h"
 #include "suite/sequence/HeadJournal.h"
 #include "suite/sequence/SequenceCheck.h"
+#include "tests/suite/sequence/FullDisk.h"
 #include "tests/suite/sequence/SequenceFixture.h"
 
 using k4suite::HeadJournal;
@@ -15,31 +17,10 @@ using k4suite::SequenceFile;
 using k4suite::SequenceHead;
 using k4suite::SequenceWriter;
 using k4test::Bytes;
+using k4test::FullDisk;
 using k4test::SequenceFixture;
 
 namespace {
-
-/// Keeps files of this process from growing over a size, as a full disk does.
-class FullDisk {
- public:
-    explicit FullDisk(std::uint64_t size) {
-        m_formerHandler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_former);
-        rlimit limit = m_former;
-        limit.rlim_cur = size;
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &m_former);
-        std::signal(SIGXFSZ, m_formerHandler);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-    rlimit m_former{};
-    void (*m_formerHandler)(int) = SIG_DFL;
-};
 
 /// Makes this process a user without special rights for the life of a scope.
 class OrdinaryUser {
@@ -268,148 +249,55 @@ TEST_F(SequenceSave, FramesThatAnotherProgramWroteStay) {
     EXPECT_EQ(Opened()->SosData()->color, 1U);
 }
 
-TEST_F(SequenceSave, ReadersSeeOneSavingWhole) {
-    std::atomic<bool> isSaving = true;
-    std::thread saver([&] {
-        const auto file = Opened(K4_OPEN_READWRITE);
-        for (int round = 0; round < 20; ++round) {
-            const std::string text(1000, static_cast<char>('a' + round));
-            EXPECT_EQ(file->SetKeywordsString(text), 1);
-            EXPECT_EQ(file->SetCommentsString(text), 1);
-            EXPECT_EQ(file->Save(), 1) << file->GetPtrToErrorString();
-        }
-        isSaving = false;
-    });
-    int differing = 0;
-    while (isSaving) {
-        const auto file = Opened();
-        const std::string keywords = file->GetPtrToKeywords();
-        differing += keywords != "summer; sale; " && keywords != file->GetPtrToComments();
-    }
-    saver.join();
-    EXPECT_EQ(differing, 0);
-    EXPECT_EQ(Opened()->GetPtrToKeywords(), std::string(1000, 't'));
-}
-
-class SequenceMaking : public SequenceFixture {
- protected:
-    std::size_t FilesInFolder() const {
-        std::size_t count = 0;
-        for ([[maybe_unused]] const auto& entry :
-             std::filesystem::directory_iterator(m_folder.Path()))
-            ++count;
-        return count;
-    }
-};
-
-TEST_F(SequenceMaking, UnfinishedFileGoesAndLeavesTheFormerOne) {
-    SetContent("former");
-    {
-        SequenceWriter writer(Path(), Facts());
-        ASSERT_TRUE(writer.AddGraphic(k4cmn::kGraphicFrame, 1, Bytes(16)));
-        EXPECT_EQ(FilesInFolder(), 2U);
-    }
-    EXPECT_EQ(FilesInFolder(), 1U);
-    EXPECT_EQ(Content(), "former");
-}
-
-TEST_F(SequenceMaking, FinishedFileReplacesTheFormerOneForEveryoneWhoMayReadNewFiles) {
-    SetContent("former");
-    MakeGraphic(1);
-    EXPECT_EQ(FilesInFolder(), 1U);
+/// Whether someone waits for the lock of a file.
+bool HasWaiter(const std::string& path) {
     struct stat facts {};
-    ASSERT_EQ(stat(Path().c_str(), &facts), 0);
-    const mode_t mask = umask(0);
-    umask(mask);
-    EXPECT_EQ(facts.st_mode & 0777, 0666 & ~mask);
+    EXPECT_EQ(stat(path.c_str(), &facts), 0);
+    const std::string inode = ":" + std::to_string(facts.st_ino) + " ";
+    std::ifstream locks("/proc/locks");
+    EXPECT_TRUE(locks.is_open());
+    for (std::string line; std::getline(locks, line);)
+        if (line.find("-> FLOCK") != std::string::npos && line.find(inode) != std::string::npos)
+            return true;
+    return false;
 }
 
-TEST_F(SequenceMaking, FullDiskLeavesTheFormerFile) {
-    SetContent("former");
-    {
-        const FullDisk disk(4000);
-        SequenceWriter writer(Path(), Facts());
-        for (int i = 0; i < 200; ++i)
-            writer.AddGraphic(k4cmn::kGraphicFrame, 1, Bytes(16));
-        EXPECT_FALSE(writer.Finish());
-        EXPECT_EQ(writer.Problem(), "Cannot write \"" + Path() + "\": File too large.");
-    }
-    EXPECT_EQ(FilesInFolder(), 1U);
-    EXPECT_EQ(Content(), "former");
+/// Runs `use` on another thread while this one holds the file's lock, until it waits for that lock;
+/// then `meanwhile`, and gives the lock back.
+/// @return whether it waited.
+bool WaitsForLock(const std::string& path, int kind, const std::function<void()>& use,
+                  const std::function<void()>& meanwhile) {
+    const k4suite::Descriptor holder(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    EXPECT_EQ(flock(holder.Get(), kind), 0);
+    std::atomic<bool> isDone = false;
+    std::thread user([&] {
+        use();
+        isDone = true;
+    });
+    bool waited = false;
+    while (!isDone && !waited)
+        waited = HasWaiter(path);
+    meanwhile();
+    flock(holder.Get(), LOCK_UN);
+    user.join();
+    return waited;
 }
 
-TEST_F(SequenceMaking, FolderThatIsNotThereIsTold) {
-    const std::string path = (m_folder / "none/Test.SQ4").string();
-    SequenceWriter writer(path, Facts());
-    EXPECT_FALSE(writer.Finish());
-    EXPECT_EQ(writer.Problem(), "Cannot make \"" + path + "\": No such file or directory.");
+TEST_F(SequenceSave, ReaderWaitsForTheEndOfASaving) {
+    const std::string content = SavedContent();
+    // The moment in which the head is half old and half new.
+    SetContent(content.substr(0, 600) + m_old.substr(600));
+    std::string notes;
+    EXPECT_TRUE(WaitsForLock(
+        Path(), LOCK_EX, [&] { notes = Opened()->GetPtrToComments(); },
+        [&] { SetContent(content); }));
+    EXPECT_EQ(notes, "new notes");
 }
 
-struct BadUse {
-    const char* name;
-    void (*use)(SequenceWriter&);
-    const char* words;
-};
-
-class BadMaking : public SequenceMaking, public testing::WithParamInterface<BadUse> {};
-
-TEST_P(BadMaking, IsToldAndMakesNothing) {
-    {
-        SequenceWriter writer(Path(), Facts());
-        GetParam().use(writer);
-        EXPECT_EQ(writer.Problem(), GetParam().words);
-        EXPECT_FALSE(writer.Finish());
-    }
-    EXPECT_EQ(FilesInFolder(), 0U);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, BadMaking,
-    testing::Values(
-        BadUse{"Size",
-               [](SequenceWriter& writer) {
-                   EXPECT_FALSE(writer.AddGraphic(k4cmn::kGraphicFrame, 1, Bytes(15)));
-               },
-               "The bulb data has 15 bytes where the sign needs 16."},
-        BadUse{"Type",
-               [](SequenceWriter& writer) {
-                   EXPECT_FALSE(writer.AddGraphic(k4cmn::kIncludeFrame, 1, Bytes(16)));
-               },
-               "The type isn't a graphic frame's."},
-        BadUse{"IncludePath",
-               [](SequenceWriter& writer) {
-                   const k4suite::IncludeField field[] = {{1, std::string(65536, 'p')}};
-                   EXPECT_FALSE(writer.AddInclude(field));
-               },
-               "A path of the include frame is too long."},
-        BadUse{
-            "Include",
-            [](SequenceWriter& writer) {
-                const std::vector<k4suite::IncludeField> fields(17, {1, std::string(65535, 'p')});
-                EXPECT_FALSE(writer.AddInclude(fields));
-            },
-            "The include frame is too long."},
-        BadUse{"Frames",
-               [](SequenceWriter& writer) {
-                   for (int i = 0; i < 65535; ++i)
-                       ASSERT_TRUE(writer.AddChunk(k4cmn::kGraphicFrame, {}));
-                   EXPECT_FALSE(writer.AddChunk(k4cmn::kGraphicFrame, {}));
-               },
-               "A sequence can't have more than 65535 frames."}),
-    [](const auto& row) { return row.param.name; });
-
-TEST_F(SequenceMaking, FactsThatCantBeAreTold) {
-    k4suite::SequenceFacts facts = Facts();
-    facts.rows = 0;
-    EXPECT_EQ(SequenceWriter(Path(), facts).Problem(),
-              "A sign of 0 rows and 16 columns has no lamps.");
-    facts = Facts();
-    facts.maker = std::string(512, 'm');
-    EXPECT_EQ(SequenceWriter(Path(), facts).Problem(), "A text is too long.");
-    facts = Facts();
-    facts.notes = std::string(1024, 'n');
-    EXPECT_EQ(SequenceWriter(Path(), facts).Problem(), "A text is too long.");
-    EXPECT_EQ(FilesInFolder(), 0U);
+TEST_F(SequenceSave, SavingWaitsForReadersOfTheHead) {
+    EXPECT_TRUE(WaitsForLock(
+        Path(), LOCK_SH, [&] { SavedContent(); }, [&] { EXPECT_EQ(Content(), m_old); }));
+    ExpectNewValues();
 }
 
 }  // namespace
