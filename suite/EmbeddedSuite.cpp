@@ -4,13 +4,17 @@
 
 #include "k4cmndlg/clients/contracts/K4SSRpc.h"
 #include "k4cmndlg/filestore/contracts/FilesProvider.h"
+#include "k4cmndlg/filestore/contracts/K4BulbCv.h"
 #include "k4cmndlg/filestore/contracts/RegistryProvider.h"
+#include "k4cmndlg/filestore/contracts/SequenceLibrary.h"
 #include "k4cmndlg/frame/contracts/PowerControl.h"
 #include "k4cmndlg/frame/contracts/Profile.h"
 #include "k4cmndlg/frame/contracts/Shell.h"
+#include "suite/bulbcv/PlaneBulbCv.h"
 #include "suite/platform/FreedesktopShell.h"
 #include "suite/platform/LogindPower.h"
 #include "suite/platform/SilentFileOperationUi.h"
+#include "suite/sequence/RiffSequenceLibrary.h"
 #include "suite/settings/IniProfile.h"
 #include "suite/settings/IniRegistry.h"
 #include "suite/settings/MachineSettings.h"
@@ -38,12 +42,15 @@ struct EmbeddedSuite::Parts {
           profile(home.Path() / "settings" / ("profile-" + program + ".ini")),
           shell(ui ? *ui : silent,
                 [this](const std::string& path) { return files.NativePath(path); }),
+          sequences([this](const std::string& path) { return files.NativePath(path); }),
           lock(home, program),
           useFiles(files),
           useRegistry(registry),
           useProfile(profile),
           useShell(shell),
-          usePower(power) {
+          useSequences(sequences),
+          usePower(power),
+          useBulbCv(bulbCv) {
         std::string problem;
         MachineSettings settings;
         if (!ReadMachineSettings(home, settings, &problem) && !problem.empty())
@@ -63,6 +70,8 @@ struct EmbeddedSuite::Parts {
     IniProfile profile;
     FreedesktopShell shell;
     LogindPower power;
+    RiffSequenceLibrary sequences;
+    PlaneBulbCv bulbCv;
     ServicesLock lock;
     std::unique_ptr<SignEngine> engine;
     std::unique_ptr<EngineRpc> rpc;
@@ -71,7 +80,9 @@ struct EmbeddedSuite::Parts {
     k4cmn::ScopedProvider<k4cmn::RegistryProvider> useRegistry;
     k4cmn::ScopedProvider<k4cmn::Profile> useProfile;
     k4cmn::ScopedProvider<k4cmn::Shell> useShell;
+    k4cmn::ScopedProvider<k4cmn::SequenceLibrary> useSequences;
     k4cmn::ScopedProvider<k4cmn::PowerControl> usePower;
+    k4cmn::ScopedProvider<K4BulbCv> useBulbCv;
     std::unique_ptr<k4cmn::ScopedProvider<K4SSRpc>> useRpc;
 };
 

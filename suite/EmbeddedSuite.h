@@ -15,9 +15,10 @@ class FolderFiles;
 class SignEngine;
 
 /// Everything that the library requires of other programs, working on this machine over one data
-/// home, without a window: store, settings, profile, sign service, shell, power. Made once at the
-/// start of a program; it installs itself behind the library's contracts, and takes itself away
-/// when it goes. Each contract may be replaced afterwards by installing another object.
+/// home, without a window: store, settings, profile, sign service, shell, power, pictures of bulb
+/// data. Made once at the start of a program; it installs itself behind the library's contracts,
+/// and takes itself away when it goes. Each contract may be replaced afterwards by installing
+/// another object.
 ///
 /// One process at a time runs the services of a data home. Where another one does, this object
 /// stands all the same with all but the services: the clients then say "Sign service unavailable.",

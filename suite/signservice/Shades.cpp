@@ -13,11 +13,6 @@ std::uint8_t ShadeOf(std::uint32_t light, const LampTechnology& technology) {
     return static_cast<std::uint8_t>((light * technology.BrightestShade() + kFull / 2) / kFull);
 }
 
-std::uint32_t LightOfShade(std::uint8_t shade, const LampTechnology& technology) {
-    const std::uint32_t brightest = technology.BrightestShade();
-    return brightest ? (shade * kFull + brightest / 2) / brightest : 0;
-}
-
 /// How bright a lamp of one color shines for a color: as its brightest part, so that what another
 /// sign with one color shows keeps its shades.
 std::uint32_t BrightnessOf(const Rgb& color) {
@@ -99,21 +94,24 @@ void QuantiseCell(const Lamps& picture, const Cell& cell, ShadePicture& shades) 
             shades.lamps.At(cell.row + row, cell.column + column)[0] = lamps[row][column];
 }
 
-Rgb LightOfCell(const ShadePicture& picture, const Cell& cell) {
-    const auto light = [&](std::uint32_t row, std::uint32_t column) {
+CellShades ShadesOfCell(const ShadePicture& picture, const Cell& cell) {
+    const auto shade = [&](std::uint32_t row, std::uint32_t column) {
         const bool exists = row < cell.rows && column < cell.columns;
-        return exists ? LightOfShade(picture.lamps.At(cell.row + row, cell.column + column)[0],
-                                     picture.technology)
-                      : 0U;
+        return exists ? picture.lamps.At(cell.row + row, cell.column + column)[0] : std::uint8_t{0};
     };
-    const std::uint32_t white = light(1, 1);
-    const auto mixed = [white](std::uint32_t own) {
-        return static_cast<std::uint8_t>(std::min(own + white, kFull));
-    };
-    return {mixed(light(0, 0)), mixed(light(0, 1)), mixed(light(1, 0))};
+    return {shade(0, 0), shade(0, 1), shade(1, 0), shade(1, 1)};
+}
+
+}  // namespace
+
+std::uint32_t LightOfShade(std::uint8_t shade, const LampTechnology& technology) {
+    const std::uint32_t brightest = technology.BrightestShade();
+    return brightest ? (shade * kFull + brightest / 2) / brightest : 0;
 }
 
 Rgb LightOfPlace(const Shade& shade, const LampTechnology& technology, const Rgb& mono) {
+    if (shade == Shade{})
+        return {};
     const auto light = [&](std::uint8_t one) {
         return static_cast<std::uint8_t>(LightOfShade(one, technology));
     };
@@ -125,7 +123,13 @@ Rgb LightOfPlace(const Shade& shade, const LampTechnology& technology, const Rgb
     return {light(shade[0]), light(shade[1]), light(shade[2])};
 }
 
-}  // namespace
+Rgb LightOfCell(const CellShades& shades, const LampTechnology& technology) {
+    const std::uint32_t white = LightOfShade(shades[3], technology);
+    const auto mixed = [&](std::uint8_t own) {
+        return static_cast<std::uint8_t>(std::min(LightOfShade(own, technology) + white, kFull));
+    };
+    return {mixed(shades[0]), mixed(shades[1]), mixed(shades[2])};
+}
 
 ShadePicture Quantise(const Lamps& picture, LampTechnology technology) {
     ShadePicture shades{technology, LampGrid<Shade>(picture.Rows(), picture.Columns())};
@@ -142,7 +146,7 @@ Lamps LightOf(const ShadePicture& picture, tag_K4_PIXEL_TECH pixel) {
     Lamps light(picture.lamps.Rows(), picture.lamps.Columns());
     if (picture.technology.family == LampFamily::Quad) {
         ForEachCell(light, [&](const Cell& cell) {
-            const Rgb mixed = LightOfCell(picture, cell);
+            const Rgb mixed = LightOfCell(ShadesOfCell(picture, cell), picture.technology);
             for (std::uint32_t row = 0; row < cell.rows; ++row)
                 for (std::uint32_t column = 0; column < cell.columns; ++column)
                     light.At(cell.row + row, cell.column + column) = mixed;
@@ -150,11 +154,9 @@ Lamps LightOf(const ShadePicture& picture, tag_K4_PIXEL_TECH pixel) {
         return light;
     }
     const Rgb mono = MonoLight(pixel);
-    std::transform(picture.lamps.All().begin(), picture.lamps.All().end(), light.All().begin(),
-                   [&](const Shade& shade) {
-                       return shade == Shade{} ? Rgb{}
-                                               : LightOfPlace(shade, picture.technology, mono);
-                   });
+    std::transform(
+        picture.lamps.All().begin(), picture.lamps.All().end(), light.All().begin(),
+        [&](const Shade& shade) { return LightOfPlace(shade, picture.technology, mono); });
     return light;
 }
 

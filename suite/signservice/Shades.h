@@ -24,8 +24,21 @@ struct ShadePicture {
 /// places: what red, green and blue have in common goes to the white lamp, the rest to their own.
 ShadePicture Quantise(const Lamps& picture, LampTechnology technology);
 
-/// The light of lamps. Each place of a quad cell shows the cell's mixed color: red, green and blue,
-/// each with the white lamp's light added.
+/// The light of a lamp's shade, 0 to 255, before the lamp's color counts.
+std::uint32_t LightOfShade(std::uint8_t shade, const LampTechnology& technology);
+
+/// The light of one place, with every family but Quad.
+/// @param mono the light of a fully lit lamp; counts with Mono alone.
+Rgb LightOfPlace(const Shade& shade, const LampTechnology& technology, const Rgb& mono);
+
+/// The shades of a quad cell's lamps: red, green, blue, white.
+using CellShades = std::array<std::uint8_t, 4>;
+
+/// The mixed color of a quad cell: red, green and blue, each with the white lamp's light added.
+Rgb LightOfCell(const CellShades& shades, const LampTechnology& technology);
+
+/// The light of lamps. Each place of a quad cell shows the cell's mixed color; lamps of a cell that
+/// lie beyond the sign are dark.
 Lamps LightOf(const ShadePicture& picture, tag_K4_PIXEL_TECH pixel);
 
 /// Lowers shades to a brightness of 0 to 255; a lamp that is lit stays lit.

@@ -13,6 +13,7 @@
 #include "k4cmndlg/clients/contracts/K4SSRpc.h"
 #include "k4cmndlg/filestore/contracts/CK4Registry.h"
 #include "k4cmndlg/filestore/contracts/FilesProvider.h"
+#include "k4cmndlg/filestore/contracts/K4BulbCv.h"
 #include "k4cmndlg/frame/contracts/Profile.h"
 #include "suite/sample/SampleData.h"
 #include "tests/support/TempFolder.h"
@@ -46,6 +47,22 @@ TEST_F(EmbeddedSuiteTest, EveryConfiguredServiceAnswersAndListsItsSigns) {
         EXPECT_TRUE(client.GetSignList(service, signs)) << service;
         EXPECT_GE(signs.size(), 2u) << service;
     }
+}
+
+TEST_F(EmbeddedSuiteTest, BulbDataBecomesPicturesWhileItStands) {
+    constexpr std::uint8_t bulbs[] = {0x00, 0x80, 0, 0};
+    const auto convert = [&bulbs](std::uint8_t(&pixels)[4]) {
+        K4ImageHeader header;
+        return k4cmn::Provided<K4BulbCv>::Current().Bulb2DIB(
+            bulbs, sizeof bulbs, 1, 1, K4_SIGN_COLOR_MONO1, &header, pixels, sizeof pixels, 1);
+    };
+    std::uint8_t pixels[4] = {};
+    {
+        const EmbeddedSuite suite(home, "test");
+        ASSERT_EQ(convert(pixels), 1);
+        EXPECT_EQ(pixels[0], 0x80);
+    }
+    EXPECT_EQ(convert(pixels), 0);
 }
 
 TEST_F(EmbeddedSuiteTest, TheSecondOneOnAHomeHasAllButTheServicesAndNamesTheHolder) {
