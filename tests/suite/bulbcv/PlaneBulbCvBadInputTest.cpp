@@ -6,12 +6,12 @@
 
 #include "suite/bulbcv/PlaneBulbCv.h"
 #include "suite/signservice/BulbEncoder.h"
-#include "tests/suite/bulbcv/GuardedBytes.h"
+#include "tests/suite/bulbcv/PageEndBytes.h"
 
 namespace {
 
 using k4suite::PlaneBulbCv;
-using k4test::GuardedBytes;
+using k4test::PageEndBytes;
 
 constexpr std::uint32_t kRows = 5;
 constexpr std::uint32_t kColumns = 21;
@@ -49,8 +49,8 @@ class BulbCall : public testing::TestWithParam<int> {
     }
 
     tag_K4_SIGN_COLOR color = static_cast<tag_K4_SIGN_COLOR>(GetParam());
-    GuardedBytes bulbs{k4suite::BulbBytes(kRows, kColumns, k4suite::TechnologyOf(color))};
-    GuardedBytes pixels{kRows * kColumns * 4, kUntouched};
+    PageEndBytes bulbs{k4suite::BulbBytes(kRows, kColumns, k4suite::TechnologyOf(color))};
+    PageEndBytes pixels{kRows * kColumns * 4, kUntouched};
     K4ImageHeader header;
     std::size_t needed = 0;
 

@@ -9,13 +9,13 @@
 
 #include "k4cmndlg/filestore/contracts/SequenceRecords.h"
 #include "suite/signservice/BulbEncoder.h"
-#include "tests/suite/bulbcv/GuardedBytes.h"
+#include "tests/suite/bulbcv/PageEndBytes.h"
 #include "tests/suite/bulbcv/PlainBulbCv.h"
 
 namespace {
 
 using namespace k4suite;
-using k4test::GuardedBytes;
+using k4test::PageEndBytes;
 
 struct Size {
     std::uint32_t rows, columns;
@@ -40,7 +40,7 @@ class EveryColor : public testing::TestWithParam<int> {
 };
 
 /// Bytes of noise, in which dark and lit stretches occur too.
-void FillWithNoise(GuardedBytes& bytes, unsigned seed) {
+void FillWithNoise(PageEndBytes& bytes, unsigned seed) {
     std::mt19937 random(seed);
     for (std::uint8_t& byte : bytes)
         byte = static_cast<std::uint8_t>(random() % 4 == 0 ? 0 : random());
@@ -51,7 +51,7 @@ TEST_P(EveryColor, IsWhatThePlainConversionGivesToTheLastBit) {
         for (const int depth : {1, 8}) {
             SCOPED_TRACE(std::to_string(size.rows) + " x " + std::to_string(size.columns) +
                          ", depth " + std::to_string(depth));
-            GuardedBytes bulbs(BulbBytes(size.rows, size.columns, Technology()));
+            PageEndBytes bulbs(BulbBytes(size.rows, size.columns, Technology()));
             FillWithNoise(bulbs, size.rows * 10007 + size.columns);
 
             K4ImageHeader expectedHeader;
@@ -63,7 +63,7 @@ TEST_P(EveryColor, IsWhatThePlainConversionGivesToTheLastBit) {
 
             K4ImageHeader header;
             std::memset(&header, 0xAB, sizeof header);
-            GuardedBytes pixels(expected.size(), 0xAB);
+            PageEndBytes pixels(expected.size(), 0xAB);
             ASSERT_EQ(conversion.Bulb2DIB(bulbs.data(), bulbs.size(), size.rows, size.columns,
                                           Color(), &header, pixels.data(), pixels.size(), depth),
                       1);
@@ -82,9 +82,9 @@ TEST_P(EveryColor, NeedsAsManyBytesAsAFrameHas) {
 TEST_P(EveryColor, LeavesTheRestOfALargerBufferAlone) {
     const Size size{5, 21};
     for (const int depth : {1, 8}) {
-        const GuardedBytes bulbs(BulbBytes(size.rows, size.columns, Technology()), 0xFF);
+        const PageEndBytes bulbs(BulbBytes(size.rows, size.columns, Technology()), 0xFF);
         K4ImageHeader header;
-        GuardedBytes pixels(4 * 5 * 21 + 100, 0xAB);
+        PageEndBytes pixels(4 * 5 * 21 + 100, 0xAB);
         ASSERT_EQ(conversion.Bulb2DIB(bulbs.data(), bulbs.size(), size.rows, size.columns, Color(),
                                       &header, pixels.data(), pixels.size(), depth),
                   1);
@@ -103,9 +103,9 @@ TEST_P(EveryColor, HeadTellsThePicture) {
                                               : GetParam() > 16 ? 16
                                                                 : GetParam());
     for (const int depth : {1, 8}) {
-        const GuardedBytes bulbs(BulbBytes(7, 19, Technology()));
+        const PageEndBytes bulbs(BulbBytes(7, 19, Technology()));
         K4ImageHeader header;
-        GuardedBytes pixels(7 * 19 * 4);
+        PageEndBytes pixels(7 * 19 * 4);
         ASSERT_EQ(conversion.Bulb2DIB(bulbs.data(), bulbs.size(), 7, 19, Color(), &header,
                                       pixels.data(), pixels.size(), depth),
                   1);
@@ -155,7 +155,7 @@ ShadePicture Noise(const Size& size, const LampTechnology& technology) {
 }
 
 /// A picture's pixels as they show.
-Lamps Shown(const K4ImageHeader& header, const GuardedBytes& pixels) {
+Lamps Shown(const K4ImageHeader& header, const PageEndBytes& pixels) {
     const auto rows = static_cast<std::uint32_t>(-header.bmiHeader.biHeight);
     const auto columns = static_cast<std::uint32_t>(header.bmiHeader.biWidth);
     const unsigned bits = header.bmiHeader.biBitCount;
@@ -185,7 +185,7 @@ TEST_P(EveryColor, ShowsTheLightOfTheSignWhoseBulbDataItIs) {
             const ShadePicture picture = Noise(size, Technology());
             const std::vector<std::uint8_t> bulbs = EncodeBulbs(picture);
             K4ImageHeader header;
-            GuardedBytes pixels(std::size_t{size.rows} * size.columns * 4);
+            PageEndBytes pixels(std::size_t{size.rows} * size.columns * 4);
             ASSERT_EQ(
                 PlaneBulbCv(pixel).Bulb2DIB(bulbs.data(), bulbs.size(), size.rows, size.columns,
                                             Color(), &header, pixels.data(), pixels.size(), 8),
@@ -204,7 +204,7 @@ TEST_P(EveryColor, OneBitShowsWhatIsLit) {
                 lamp = {};
         const std::vector<std::uint8_t> bulbs = EncodeBulbs(picture);
         K4ImageHeader header;
-        GuardedBytes pixels(std::size_t{size.rows} * size.columns * 4);
+        PageEndBytes pixels(std::size_t{size.rows} * size.columns * 4);
         ASSERT_EQ(conversion.Bulb2DIB(bulbs.data(), bulbs.size(), size.rows, size.columns, Color(),
                                       &header, pixels.data(), pixels.size(), 1),
                   1);
@@ -221,9 +221,9 @@ TEST_P(EveryColor, OneBitShowsWhatIsLit) {
 INSTANTIATE_TEST_SUITE_P(Technologies, EveryColor, testing::Range(-1, 18));
 
 TEST(AbsentBulbCv, Fails) {
-    const GuardedBytes bulbs(4);
+    const PageEndBytes bulbs(4);
     K4ImageHeader header;
-    GuardedBytes pixels(4);
+    PageEndBytes pixels(4);
     EXPECT_EQ(k4cmn::Provided<K4BulbCv>::Current().Bulb2DIB(bulbs.data(), bulbs.size(), 1, 1,
                                                             K4_SIGN_COLOR_MONO1, &header,
                                                             pixels.data(), pixels.size(), 1),
@@ -236,13 +236,13 @@ TEST(PlaneBulbCv, TheLongestLinesAndTheMostLinesAreConverted) {
              {K4_SIGN_COLOR_MONO1, K4_SIGN_COLOR_QUAD16M, K4_SIGN_COLOR_RGB16M,
               K4_SIGN_COLOR_RGB32KB, K4_SIGN_COLOR_RGB16MB}) {
             const int depth = color == K4_SIGN_COLOR_MONO1 ? 1 : 8;
-            GuardedBytes bulbs(BulbBytes(size.rows, size.columns, TechnologyOf(color)));
+            PageEndBytes bulbs(BulbBytes(size.rows, size.columns, TechnologyOf(color)));
             FillWithNoise(bulbs, 5);
             K4ImageHeader expectedHeader;
             K4ImageHeader header;
             const std::size_t room = std::size_t{size.rows} * size.columns * 4;
-            GuardedBytes expected(room);
-            GuardedBytes pixels(room);
+            PageEndBytes expected(room);
+            PageEndBytes pixels(room);
             k4test::PlainBulbCv().Bulb2DIB(bulbs.data(), bulbs.size(), size.rows, size.columns,
                                            color, &expectedHeader, expected.data(), room, depth);
             ASSERT_EQ(PlaneBulbCv().Bulb2DIB(bulbs.data(), bulbs.size(), size.rows, size.columns,
@@ -268,7 +268,7 @@ TEST(PlaneBulbCv, WhatABulbLineHoldsBeyondTheSignDoesNotShow) {
             std::fill(end - static_cast<std::ptrdiff_t>(bytes / 6), end, std::uint8_t{0xFF});
         }
         K4ImageHeader header;
-        GuardedBytes pixels(5 * 19 * 4);
+        PageEndBytes pixels(5 * 19 * 4);
         ASSERT_EQ(PlaneBulbCv().Bulb2DIB(bulbs.data(), bulbs.size(), 5, 19, value, &header,
                                          pixels.data(), pixels.size(), 8),
                   1);

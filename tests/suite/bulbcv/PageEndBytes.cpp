@@ -1,4 +1,4 @@
-#include "tests/suite/bulbcv/GuardedBytes.h"
+#include "tests/suite/bulbcv/PageEndBytes.h"
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -8,7 +8,7 @@
 
 namespace k4test {
 
-GuardedBytes::GuardedBytes(std::size_t size, std::uint8_t value) : m_size(size) {
+PageEndBytes::PageEndBytes(std::size_t size, std::uint8_t value) : m_size(size) {
     const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
     const std::size_t usable = (size + page - 1) / page * page;
     m_mapped = usable + page;
@@ -23,7 +23,7 @@ GuardedBytes::GuardedBytes(std::size_t size, std::uint8_t value) : m_size(size) 
     std::fill(begin(), end(), value);
 }
 
-GuardedBytes::~GuardedBytes() {
+PageEndBytes::~PageEndBytes() {
     munmap(m_map, m_mapped);
 }
 

@@ -7,12 +7,12 @@ namespace k4test {
 
 /// Bytes that end where readable memory ends: whoever reads or writes one byte more is stopped, in
 /// every build.
-class GuardedBytes {
+class PageEndBytes {
  public:
-    explicit GuardedBytes(std::size_t size, std::uint8_t value = 0);
-    ~GuardedBytes();
-    GuardedBytes(const GuardedBytes&) = delete;
-    GuardedBytes& operator=(const GuardedBytes&) = delete;
+    explicit PageEndBytes(std::size_t size, std::uint8_t value = 0);
+    ~PageEndBytes();
+    PageEndBytes(const PageEndBytes&) = delete;
+    PageEndBytes& operator=(const PageEndBytes&) = delete;
 
     std::uint8_t* data() { return m_begin; }
     const std::uint8_t* data() const { return m_begin; }
