@@ -2,29 +2,48 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "k4cmndlg/filestore/contracts/SequenceRecords.h"
 #include "suite/sequence/BulbPacking.h"
+#include "suite/sequence/SequenceHead.h"
 #include "suite/sequence/SequenceWriter.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr std::uint16_t kRows = 8;
+constexpr std::uint16_t kColumns = 17;
+
+void WriteSeed(const fs::path& folder, const std::string& name, const Bytes& bytes) {
+    fs::create_directories(folder);
+    std::ofstream file(folder / name, std::ios::binary);
+    file.write(reinterpret_cast<const char*>(bytes.data()),
+               static_cast<std::streamsize>(bytes.size()));
+    if (!file.flush())
+        throw std::runtime_error("Cannot write " + (folder / name).string());
+}
+
+Bytes Joined(Bytes front, const Bytes& rest) {
+    front.insert(front.end(), rest.begin(), rest.end());
+    return front;
+}
 
 /// A sequence with each kind of frame, and a chunk that is none.
-void MakeSequence(const fs::path& path, std::uint32_t color, tag_K4_COMPRESS_TYPE level) {
+Bytes MakeSequence(const fs::path& path, std::uint8_t color, tag_K4_COMPRESS_TYPE level) {
     k4suite::SequenceFacts facts;
-    facts.rows = 8;
-    facts.columns = 17;
+    facts.rows = kRows;
+    facts.columns = kColumns;
     facts.color = static_cast<tag_K4_SIGN_COLOR>(color);
     facts.level = level;
     facts.keywords = "seed; ";
     k4suite::SequenceWriter writer(path.string(), facts);
-    std::vector<std::uint8_t> bulbs(
-        static_cast<std::size_t>(k4cmn::BytesOfFrame(facts.rows, facts.columns, color)));
+    const Bytes bulbs(static_cast<std::size_t>(k4cmn::BytesOfFrame(kRows, kColumns, color)));
     const k4suite::IncludeField fields[] = {{1, "Other.SQ4"}, {0, ""}};
     const bool isWhole = writer.AddGraphic(k4cmn::kGraphicFrame, 100, bulbs) &&
                          writer.AddGraphic(k4cmn::kDataFrame, 100, bulbs) &&
@@ -33,17 +52,55 @@ void MakeSequence(const fs::path& path, std::uint32_t color, tag_K4_COMPRESS_TYP
                          writer.AddInclude(fields) && writer.Finish();
     if (!isWhole)
         throw std::runtime_error(writer.Problem());
+    std::ifstream file(path, std::ios::binary);
+    return Bytes(std::istreambuf_iterator<char>(file), {});
 }
 
-void MakePacked(const fs::path& path, tag_K4_BULB_COMPRESS_TYPE method) {
-    const std::vector<std::uint8_t> data(200, 7);
-    const std::vector<std::uint8_t> packed = k4suite::PackBulbs(data, method);
-    std::ofstream file(path, std::ios::binary);
-    file.put(static_cast<char>(method)).put(static_cast<char>(200)).put(0);
-    file.write(reinterpret_cast<const char*>(packed.data()),
-               static_cast<std::streamsize>(packed.size()));
-    if (!file.flush())
-        throw std::runtime_error("Cannot write " + path.string());
+/// The sequence as an input of SequenceFrom(): as it is, and as what stands behind the head.
+void WriteSequence(const fs::path& folder, const std::string& name, const Bytes& front,
+                   std::uint8_t color, const Bytes& sequence) {
+    constexpr std::uint8_t kFrames = 4;
+    const Bytes facts = {1, kRows - 1, kColumns - 1, color, kFrames, 0, 0};
+    const Bytes frames(sequence.begin() + sizeof(k4suite::SequenceHead), sequence.end());
+    WriteSeed(folder, name, Joined(Joined(front, {0}), sequence));
+    WriteSeed(folder, name + "frames", Joined(Joined(front, facts), frames));
+}
+
+void WriteSequences(const fs::path& seeds) {
+    for (const auto level : {K4_COMPRESS_NONE, K4_COMPRESS_LOW, K4_COMPRESS_MEDIUM})
+        for (const std::uint8_t color : Bytes{0, 7, 14, 15}) {
+            const Bytes sequence = MakeSequence(seeds / "Seed.SQ4", color, level);
+            const std::string name =
+                "color" + std::to_string(color) + "level" + std::to_string(level);
+            WriteSequence(seeds / "SequenceReaderFuzzer", name, {}, color, sequence);
+        }
+    const Bytes sequence = MakeSequence(seeds / "Seed.SQ4", 0, K4_COMPRESS_LOW);
+    // Level 30, thumbnail 2, run time 3, texts of 4 and 5 bytes.
+    const Bytes changes = {31, 30, 2, 0, 3, 0, 4, 0, 5, 0};
+    for (std::uint8_t step = 0; step < 8; ++step)
+        for (const std::uint8_t journal : Bytes{0, 1})
+            WriteSequence(seeds / "SequenceSaveFuzzer",
+                          "step" + std::to_string(step) + "journal" + std::to_string(journal),
+                          Joined(changes, {static_cast<std::uint8_t>(1 << step), 0, 0, 1, journal}),
+                          0, sequence);
+    fs::remove(seeds / "Seed.SQ4");
+}
+
+void WritePacked(const fs::path& folder) {
+    for (const auto wanted :
+         {K4_BULB_COMPRESS_NONE, K4_BULB_COMPRESS_RUNS, K4_BULB_COMPRESS_DEFLATE}) {
+        auto method = wanted;
+        const Bytes packed = k4suite::PackBulbs(Bytes(200, 7), method);
+        WriteSeed(folder, "method" + std::to_string(wanted),
+                  Joined({static_cast<std::uint8_t>(method), 200, 0}, packed));
+    }
+}
+
+void WriteBulbs(const fs::path& folder) {
+    for (std::uint8_t color = 0; color < 18; ++color)
+        for (const std::uint8_t depth : Bytes{0, 1})
+            WriteSeed(folder, "color" + std::to_string(color) + "depth" + std::to_string(depth),
+                      {color, depth, 4, 40, 0, 0xFF, 0, 0x5A, 0x81, 0x3C});
 }
 
 }  // namespace
@@ -54,18 +111,11 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        const fs::path reader = fs::path(argv[1]) / "reader";
-        const fs::path unpackers = fs::path(argv[1]) / "unpackers";
-        fs::create_directories(reader);
-        fs::create_directories(unpackers);
-        for (const auto level : {K4_COMPRESS_NONE, K4_COMPRESS_LOW, K4_COMPRESS_MEDIUM})
-            for (const std::uint32_t color : {0U, 7U, 14U})
-                MakeSequence(reader / ("color" + std::to_string(color) + "level" +
-                                       std::to_string(level) + ".SQ4"),
-                             color, level);
-        for (const auto method :
-             {K4_BULB_COMPRESS_NONE, K4_BULB_COMPRESS_RUNS, K4_BULB_COMPRESS_DEFLATE})
-            MakePacked(unpackers / ("method" + std::to_string(method)), method);
+        const fs::path seeds = argv[1];
+        fs::create_directories(seeds);
+        WriteSequences(seeds);
+        WritePacked(seeds / "UnpackersFuzzer");
+        WriteBulbs(seeds / "BulbsFuzzer");
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());
         return 1;

@@ -47,8 +47,7 @@ std::vector<std::uint8_t> PackBulbs(std::span<const std::uint8_t> data,
 
 bool CanUnpack(tag_K4_BULB_COMPRESS_TYPE method, std::uint64_t packedBytes, std::uint64_t bytes,
                SequenceDefect& defect) {
-    // A sound packer adds a little to data that can't be packed, and no more.
-    const std::uint64_t longestPacked = bytes + bytes / 64 + 1024;
+    std::uint64_t longestPacked = 0;
     std::uint64_t longest = 0;
     switch (method) {
         case K4_BULB_COMPRESS_NONE:
@@ -58,9 +57,11 @@ bool CanUnpack(tag_K4_BULB_COMPRESS_TYPE method, std::uint64_t packedBytes, std:
             return packedBytes == bytes;
         case K4_BULB_COMPRESS_RUNS:
             longest = LongestOfRuns(packedBytes);
+            longestPacked = LongestPackedRuns(bytes);
             break;
         case K4_BULB_COMPRESS_DEFLATE:
             longest = LongestOfDeflate(packedBytes);
+            longestPacked = LongestPackedDeflate(bytes);
             break;
         default:
             defect.words = kUnknownMethod;

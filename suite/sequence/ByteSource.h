@@ -19,4 +19,18 @@ class ByteSource {
     virtual std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> bytes) = 0;
 };
 
+/// Bytes that can be changed too.
+class ChangeableBytes : public ByteSource {
+ public:
+    /// Writes at an offset, also behind the end.
+    /// @return false with errno where not all of it could be written.
+    virtual bool WriteAt(std::uint64_t offset, std::span<const std::uint8_t> bytes) = 0;
+    /// Sees to it that what was written outlives the machine.
+    /// @return false with errno.
+    virtual bool Flush() = 0;
+    /// Cuts off what lies from an offset on.
+    /// @return false with errno.
+    virtual bool CutAt(std::uint64_t size) = 0;
+};
+
 }  // namespace k4suite

@@ -21,5 +21,10 @@ bool UnpackDeflate(std::span<const std::uint8_t> packed, std::span<std::uint8_t>
 constexpr std::uint64_t LongestOfDeflate(std::uint64_t packedBytes) {
     return packedBytes * 1032;
 }
+/// The most bytes that so many may be packed to. A packer adds a little to data that can't be
+/// packed; a stream could hold any number of empty blocks, and nobody makes one that does.
+constexpr std::uint64_t LongestPackedDeflate(std::uint64_t bytes) {
+    return bytes + bytes / 64 + 1024;
+}
 
 }  // namespace k4suite

@@ -10,7 +10,7 @@ namespace k4suite {
 
 /// A file of this machine, read by positioned reads. A file that is cut short while it is open
 /// gives fewer bytes, and never more than that.
-class FileBytes final : public ByteSource {
+class FileBytes final : public ChangeableBytes {
  public:
     /// Opens a file.
     /// @param path native.
@@ -21,6 +21,12 @@ class FileBytes final : public ByteSource {
 
     std::uint64_t Size() override;
     std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> bytes) override;
+    bool WriteAt(std::uint64_t offset, std::span<const std::uint8_t> bytes) override;
+    bool Flush() override;
+    bool CutAt(std::uint64_t size) override;
+
+    /// Whether the file has a name still: one that was removed, or replaced by another, hasn't.
+    bool HasName() const;
 
     int Handle() const { return m_file.Get(); }
 

@@ -19,7 +19,11 @@ bool UnpackRuns(std::span<const std::uint8_t> packed, std::span<std::uint8_t> da
 
 /// The most bytes that so many packed ones unpack to.
 constexpr std::uint64_t LongestOfRuns(std::uint64_t packedBytes) {
-    return packedBytes / 3 * 258 + 258;
+    return packedBytes / 3 * 258;
+}
+/// The most bytes that so many are packed to: each word alone behind a control byte.
+constexpr std::uint64_t LongestPackedRuns(std::uint64_t bytes) {
+    return bytes / 2 * 3;
 }
 
 }  // namespace k4suite

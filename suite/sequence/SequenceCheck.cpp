@@ -162,7 +162,7 @@ std::vector<SequenceDefect> CheckSequence(const std::string& path) {
     const auto file = FileBytes::Open(path, false, problem);
     if (!file)
         return {{0, problem}};
-    return CheckHeaded(*file, ReadCountingHeadLocked(*file));
+    return CheckHeaded(*file, ReadSharedHead(*file));
 }
 
 }  // namespace k4suite

@@ -1,6 +1,7 @@
 #include "suite/sequence/SequenceFile.h"
 
 #include <algorithm>
+#include <exception>
 #include <limits>
 #include <new>
 #include <utility>
@@ -11,14 +12,32 @@
 
 namespace k4suite {
 
-SequenceFile::OpenFile::OpenFile(std::unique_ptr<FileBytes> openBytes, const SequenceHead& head,
+namespace {
+
+/// The words of a failure that came as an exception, which never leaves.
+std::string WordsOf(const std::exception& failure) {
+    if (dynamic_cast<const std::bad_alloc*>(&failure))
+        return "There is no memory for the file.";
+    return failure.what();
+}
+
+}  // namespace
+
+SequenceFile::OpenFile::OpenFile(std::unique_ptr<FileBytes> openBytes, const SequenceHead& found,
                                  bool forWriting)
     : bytes(std::move(openBytes)),
-      facts(head.start),
-      reader(*bytes, head),
       writable(forWriting),
-      file(head.file),
-      start(head.start) {}
+      saved(found),
+      head(found),
+      reader(*bytes, found) {
+    Show(found);
+}
+
+void SequenceFile::OpenFile::Show(const SequenceHead& values) {
+    CopyChangeable(values, head);
+    head.keywords[kTextArea - 1] = '\0';
+    head.notes[kTextArea - 1] = '\0';
+}
 
 SequenceFile::SequenceFile(PathMapping native) : m_native(std::move(native)) {}
 
@@ -31,12 +50,18 @@ int SequenceFile::Fail(const std::string& words) {
 
 void SequenceFile::Close() {
     m_open.reset();
-    m_keywords.clear();
-    m_notes.clear();
 }
 
 int SequenceFile::Open(const std::string& path, K4OpenFlags flags) {
     Close();
+    try {
+        return TryOpen(path, flags);
+    } catch (const std::exception& failure) {
+        return Fail(WordsOf(failure));
+    }
+}
+
+int SequenceFile::TryOpen(const std::string& path, K4OpenFlags flags) {
     if (flags != K4_OPEN_READ && flags != K4_OPEN_READWRITE)
         return Fail("A file is opened for reading, or for reading and writing.");
     const std::string native = m_native ? m_native(path) : path;
@@ -46,49 +71,45 @@ int SequenceFile::Open(const std::string& path, K4OpenFlags flags) {
     std::unique_ptr<FileBytes> bytes = FileBytes::Open(native, writable, m_words);
     if (!bytes)
         return 0;
-    const std::optional<SequenceHead> head = ReadCountingHeadLocked(*bytes);
+    const std::optional<SequenceHead> head = ReadSharedHead(*bytes);
     if (!head)
         return Fail(DefectText({bytes->Size(), "The file is too short for a sequence."}));
     if (const auto defect = FindHeadDefect(*head))
         return Fail(DefectText(*defect));
-    m_keywords = TextOfArea(head->keywords);
-    m_notes = TextOfArea(head->notes);
     m_open.emplace(std::move(bytes), *head, writable);
     m_words.clear();
     return 1;
 }
 
 tag_K4_RIFF_FILE_DATA* SequenceFile::RiffHdr() {
-    return m_open ? &m_open->file : nullptr;
+    return m_open ? &m_open->head.file : nullptr;
 }
 
 tag_K4_SOS_FRM* SequenceFile::SosData() {
-    return m_open ? &m_open->start : nullptr;
+    return m_open ? &m_open->head.start : nullptr;
 }
 
 int SequenceFile::FrameCount() const {
-    return m_open ? m_open->facts.frameCount : 0;
+    return m_open ? m_open->saved.start.frameCount : 0;
 }
 
 int SequenceFile::IsPreviewOnly() const {
-    return m_open && m_open->facts.flags & k4cmn::kPreviewOnlyFlag ? 1 : 0;
+    return m_open && m_open->saved.start.flags & k4cmn::kPreviewOnlyFlag ? 1 : 0;
 }
 
-int SequenceFile::SetText(const std::string& text, std::string& target) {
-    if (!m_open)
-        return Fail("No file is open.");
+int SequenceFile::SetText(const std::string& text, char (&target)[kTextArea]) {
     if (!FitsArea(text))
         return Fail("The text is too long.");
-    target = text;
+    FillArea(text, target);
     return 1;
 }
 
 int SequenceFile::SetKeywordsString(const std::string& text) {
-    return SetText(text, m_keywords);
+    return m_open ? SetText(text, m_open->head.keywords) : Fail("No file is open.");
 }
 
 int SequenceFile::SetCommentsString(const std::string& text) {
-    return SetText(text, m_notes);
+    return m_open ? SetText(text, m_open->head.notes) : Fail("No file is open.");
 }
 
 std::unique_ptr<CK4Frame> SequenceFile::MakeFrame(const FramePlace& place, SequenceDefect& defect) {
@@ -121,6 +142,15 @@ CK4Frame* SequenceFile::Frame(int number) {
 }
 
 std::uint32_t SequenceFile::CalcRunTime() {
+    try {
+        return SumOfDwells();
+    } catch (const std::exception& failure) {
+        Fail(WordsOf(failure));
+        return 0;
+    }
+}
+
+std::uint32_t SequenceFile::SumOfDwells() {
     std::uint64_t total = 0;
     for (int number = 1; number <= FrameCount(); ++number) {
         SequenceDefect defect;
@@ -136,14 +166,26 @@ std::uint32_t SequenceFile::CalcRunTime() {
 }
 
 int SequenceFile::Save() {
+    try {
+        return TrySave();
+    } catch (const std::exception& failure) {
+        return Fail(WordsOf(failure));
+    }
+}
+
+int SequenceFile::TrySave() {
     if (!m_open)
         return Fail("No file is open.");
     if (!m_open->writable)
         return Fail("The file isn't open for writing.");
-    const HeadValues values{m_open->file.compressionLevel, m_open->start.thumbnailFrame,
-                            m_open->start.runTime, m_keywords, m_notes};
-    if (!SaveHead(*m_open->bytes, values, m_words))
+    const HeadChanges changes = ChangesOf(m_open->head, m_open->saved);
+    const std::optional<SequenceHead> now = SaveSharedHead(*m_open->bytes, changes, m_words);
+    if (!now)
         return 0;
+    // What another program saved meanwhile shows from here on. The frames stay those that were
+    // found when the file was opened.
+    CopyChangeable(*now, m_open->saved);
+    m_open->Show(*now);
     m_words.clear();
     return 1;
 }

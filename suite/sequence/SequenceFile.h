@@ -23,8 +23,8 @@ class SequenceFile final : public CK4SequenceFile {
     ~SequenceFile() override;
 
     tag_K4_RIFF_FILE_DATA* RiffHdr() override;
-    const char* GetPtrToKeywords() const override { return m_keywords.c_str(); }
-    const char* GetPtrToComments() const override { return m_notes.c_str(); }
+    const char* GetPtrToKeywords() const override { return m_open ? m_open->head.keywords : ""; }
+    const char* GetPtrToComments() const override { return m_open ? m_open->head.notes : ""; }
     int SetKeywordsString(const std::string& text) override;
     int SetCommentsString(const std::string& text) override;
     const char* GetPtrToErrorString() const override { return m_words.c_str(); }
@@ -41,25 +41,29 @@ class SequenceFile final : public CK4SequenceFile {
  private:
     /// What is there while a file is open.
     struct OpenFile {
-        OpenFile(std::unique_ptr<FileBytes> openBytes, const SequenceHead& head, bool forWriting);
+        OpenFile(std::unique_ptr<FileBytes> openBytes, const SequenceHead& found, bool forWriting);
+
+        /// Gives callers the values of a head.
+        void Show(const SequenceHead& values);
 
         std::unique_ptr<FileBytes> bytes;
-        const tag_K4_SOS_FRM facts;  ///< as they were when the file was opened
-        SequenceReader reader;
         const bool writable;
-        tag_K4_RIFF_FILE_DATA file;  ///< as callers may change it
-        tag_K4_SOS_FRM start;        ///< as callers may change it
+        SequenceHead saved;  ///< as it was found, with the values that were saved since
+        SequenceHead head;   ///< as callers may change it; its texts always end
+        SequenceReader reader;
         std::unique_ptr<CK4Frame> frame;
     };
 
+    int TryOpen(const std::string& path, K4OpenFlags flags);
+    std::uint32_t SumOfDwells();
+    int TrySave();
+
     std::unique_ptr<CK4Frame> MakeFrame(const FramePlace& place, SequenceDefect& defect);
-    int SetText(const std::string& text, std::string& target);
+    int SetText(const std::string& text, char (&target)[kTextArea]);
     int Fail(const std::string& words);
 
     const PathMapping m_native;
     std::optional<OpenFile> m_open;
-    std::string m_keywords;
-    std::string m_notes;
     std::string m_words;
 };
 

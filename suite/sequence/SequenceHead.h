@@ -22,6 +22,8 @@ struct ChunkHead {
     /// The bytes from the content's start to the next chunk.
     std::uint64_t PaddedSize() const { return std::uint64_t{size} + size % 2; }
 };
+static_assert(offsetof(ChunkHead, type) == 0);
+static_assert(offsetof(ChunkHead, size) == 4);
 static_assert(sizeof(ChunkHead) == 8);
 
 /// The bytes that keywords and notes each have in a file, the ending 0 counted.

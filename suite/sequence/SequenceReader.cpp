@@ -80,24 +80,40 @@ bool SequenceReader::FindNext(SequenceDefect& defect) {
             return false;
         }
         std::memcpy(&head, raw.data(), sizeof head);
+        // Where a machine stopped before all was written, a file is filled up with 0.
+        if (head.type == 0) {
+            defect = {m_next, "A chunk has no type."};
+            return false;
+        }
         if (head.size > left - sizeof head) {
             defect = {m_next, "A chunk of " + std::to_string(head.size) +
                                   " bytes goes over the file's end."};
             return false;
         }
         FramePlace place{m_next + sizeof head, head.type, head.size, 0};
+        if (!ReadDwell(place, defect))
+            return false;
+        const bool isFrame = IsFrame(head.type);
+        if (isFrame)
+            m_places.push_back(place);
         m_next = place.offset + head.PaddedSize();
-        if (!IsFrame(head.type))
-            continue;
-        std::array<std::uint8_t, sizeof place.dwell> dwell{};
-        if (IsGraphicFrame(head.type) && head.size >= sizeof(tag_K4_GRP_HDR) &&
-            m_ahead.Read(place.offset, dwell))
-            std::memcpy(&place.dwell, dwell.data(), sizeof place.dwell);
-        m_places.push_back(place);
-        return true;
+        if (isFrame)
+            return true;
     }
     defect = {m_end, "The file ends after " + std::to_string(m_places.size()) + " frames."};
     return false;
+}
+
+bool SequenceReader::ReadDwell(FramePlace& place, SequenceDefect& defect) {
+    if (!IsGraphicFrame(place.type) || place.size < sizeof(tag_K4_GRP_HDR))
+        return true;
+    std::array<std::uint8_t, sizeof place.dwell> dwell{};
+    if (!m_ahead.Read(place.offset, dwell)) {
+        defect = {place.offset, kCutShort};
+        return false;
+    }
+    std::memcpy(&place.dwell, dwell.data(), sizeof place.dwell);
+    return true;
 }
 
 bool SequenceReader::ReadExactly(std::uint64_t offset, std::span<std::uint8_t> bytes,

@@ -19,8 +19,9 @@ namespace k4suite {
 struct FramePlace {
     std::uint64_t offset = 0;  ///< of the chunk's content
     std::uint32_t type = 0;
-    std::uint32_t size = 0;   ///< of the chunk's content
-    std::uint32_t dwell = 0;  ///< milliseconds; 0 for an include frame
+    std::uint32_t size = 0;  ///< of the chunk's content
+    std::uint32_t dwell =
+        0;  ///< milliseconds; 0 for an include frame, or one without a whole header
 };
 
 /// Whether chunks of a type have a graphic frame's content.
@@ -61,6 +62,7 @@ class SequenceReader {
 
  private:
     bool FindNext(SequenceDefect& defect);
+    bool ReadDwell(FramePlace& place, SequenceDefect& defect);
     bool ReadExactly(std::uint64_t offset, std::span<std::uint8_t> bytes, SequenceDefect& defect);
 
     ByteSource& m_bytes;

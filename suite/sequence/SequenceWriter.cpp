@@ -1,20 +1,27 @@
 #include "suite/sequence/SequenceWriter.h"
 
-#include <stdlib.h>
-#include <sys/stat.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
 #include <limits>
 #include <utility>
 
+#include "suite/platform/Descriptor.h"
 #include "suite/sequence/BulbPacking.h"
 #include "suite/sequence/FileBytes.h"
 #include "suite/sequence/SequenceReader.h"
+#include "suite/store/UnfinishedCopy.h"
 
 namespace k4suite {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 template <class Record>
 std::span<const std::uint8_t> BytesOf(const Record& record) {
@@ -26,12 +33,48 @@ void PutWord(std::size_t word, std::vector<std::uint8_t>& bytes) {
     bytes.push_back(static_cast<std::uint8_t>(word >> 8));
 }
 
-/// mkstemp() makes a file for its owner alone; this gives it the permissions of any new file.
-void GiveUsualPermissions(int file) {
-    const mode_t mask = umask(0);
-    umask(mask);
-    // Without them the file is as good, for its owner.
-    static_cast<void>(fchmod(file, 0666 & ~mask));
+fs::path FolderOf(const std::string& path) {
+    const fs::path folder = fs::path(path).parent_path();
+    return folder.empty() ? fs::path(".") : folder;
+}
+
+/// Makes a new file with the permissions of any, beside its later place, under a name that the
+/// store doesn't list.
+/// @param name becomes its path.
+/// @return null with errno.
+std::FILE* MakeUnfinished(const std::string& path, std::string& name) {
+    static std::atomic<unsigned> counter = 0;
+    constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOCTTY;
+    int file = -1;
+    do {
+        name = FolderOf(path) / (std::string(kUnfinishedCopy) + std::to_string(getpid()) + "-" +
+                                 std::to_string(++counter));
+        file = open(name.c_str(), kFlags, 0666);
+    } while (file < 0 && errno == EEXIST);
+    if (file < 0)
+        return nullptr;
+    std::FILE* const stream = fdopen(file, "wb");
+    if (!stream) {
+        close(file);
+        unlink(name.c_str());
+    }
+    return stream;
+}
+
+/// Sees to it that a folder's names outlive the machine. Not every disk can; the file is there in
+/// any case.
+void FlushFolder(const fs::path& folder) {
+    const Descriptor handle(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (handle)
+        static_cast<void>(fsync(handle.Get()));
+}
+
+/// The dwell time in the content of a graphic frame.
+std::uint32_t DwellOf(std::span<const std::uint8_t> content) {
+    tag_K4_GRP_HDR header{};
+    if (content.size() >= sizeof header)
+        std::memcpy(&header, content.data(), sizeof header);
+    return header.dwell;
 }
 
 SequenceHead HeadOf(const SequenceFacts& facts) {
@@ -63,15 +106,17 @@ SequenceWriter::SequenceWriter(std::string path, const SequenceFacts& facts)
         Fail(defect->words);
         return;
     }
-    std::string name = m_path + ".XXXXXX";
-    const int file = mkstemp(name.data());
-    m_file = file < 0 ? nullptr : fdopen(file, "wb");
+    if (m_path.find('\0') != std::string::npos) {
+        Fail("A path can't have a 0 byte.");
+        return;
+    }
+    std::string name;
+    m_file = MakeUnfinished(m_path, name);
     if (!m_file) {
         Fail("Cannot make \"" + m_path + "\": " + SystemWords() + ".");
         return;
     }
     m_unfinished = name;
-    GiveUsualPermissions(file);
     Write(BytesOf(m_head));
 }
 
@@ -110,10 +155,13 @@ bool SequenceWriter::WriteChunk(std::uint32_t type, std::span<const std::uint8_t
            (size % 2 == 0 || Write(kPadding));
 }
 
-bool SequenceWriter::CountFrame() {
+bool SequenceWriter::CountFrame(std::uint32_t type, std::uint32_t dwell) {
     if (m_head.start.frameCount == std::numeric_limits<std::uint16_t>::max())
         return Fail("A sequence can't have more than 65535 frames.");
     ++m_head.start.frameCount;
+    if (type == k4cmn::kIncludeFrame)
+        ++m_head.start.includeCount;
+    m_runTime += dwell;
     return true;
 }
 
@@ -126,14 +174,13 @@ bool SequenceWriter::AddGraphic(std::uint32_t type, std::uint32_t dwell,
     if (bulbs.size() != bytes)
         return Fail("The bulb data has " + std::to_string(bulbs.size()) +
                     " bytes where the sign needs " + std::to_string(bytes) + ".");
-    if (!CountFrame())
+    if (!CountFrame(type, dwell))
         return false;
     auto method = MethodOfLevel(static_cast<tag_K4_COMPRESS_TYPE>(m_head.file.compressionLevel));
     const std::vector<std::uint8_t> packed = PackBulbs(bulbs, method);
     tag_K4_GRP_HDR header{};
     header.dwell = dwell;
     header.compressionType = method;
-    m_runTime += dwell;
     return WriteChunk(type, BytesOf(header), packed);
 }
 
@@ -151,14 +198,14 @@ bool SequenceWriter::AddInclude(std::span<const IncludeField> fields) {
     }
     if (fields.size() > kLongest || content.size() > kLongestInclude)
         return Fail("The include frame is too long.");
-    if (!CountFrame())
-        return false;
-    ++m_head.start.includeCount;
-    return WriteChunk(k4cmn::kIncludeFrame, content, {});
+    return AddChunk(k4cmn::kIncludeFrame, content);
 }
 
 bool SequenceWriter::AddChunk(std::uint32_t type, std::span<const std::uint8_t> content) {
-    return (!IsFrame(type) || CountFrame()) && WriteChunk(type, content, {});
+    if (type == 0)
+        return Fail("A chunk needs a type.");
+    const std::uint32_t dwell = IsGraphicFrame(type) ? DwellOf(content) : 0;
+    return (!IsFrame(type) || CountFrame(type, dwell)) && WriteChunk(type, content, {});
 }
 
 bool SequenceWriter::CompleteHead() {
@@ -178,10 +225,12 @@ bool SequenceWriter::Finish() {
         return Fail("The file is complete.");
     if (!CompleteHead())
         return false;
-    std::fclose(std::exchange(m_file, nullptr));
+    if (std::fclose(std::exchange(m_file, nullptr)) != 0)
+        return Fail("Cannot write \"" + m_path + "\": " + SystemWords() + ".");
     if (rename(m_unfinished.c_str(), m_path.c_str()) != 0)
         return Fail("Cannot make \"" + m_path + "\": " + SystemWords() + ".");
     m_unfinished.clear();
+    FlushFolder(FolderOf(m_path));
     return true;
 }
 

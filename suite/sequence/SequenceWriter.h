@@ -28,7 +28,8 @@ struct SequenceFacts {
 };
 
 /// Makes a sequence file. The file appears, or replaces the one that was there, when Finish()
-/// succeeds; until then it is written beside its place, and goes with the object.
+/// succeeds; until then it is written beside its place, under a name that the store doesn't list,
+/// and goes with the object.
 /// After the first failure every operation fails, with the words of that failure.
 /// Threads: one at a time.
 class SequenceWriter {
@@ -46,7 +47,9 @@ class SequenceWriter {
     bool AddGraphic(std::uint32_t type, std::uint32_t dwell, std::span<const std::uint8_t> bulbs);
     /// Adds an include frame of at most 65535 fields and 1 MiB, with paths of at most 65535 bytes.
     bool AddInclude(std::span<const IncludeField> fields);
-    /// Adds a chunk as it is. One that isn't a frame's type is passed over by readers.
+    /// Adds a chunk as it is. One of a frame's type counts as that frame; any other is passed over
+    /// by readers.
+    /// @param type a four-character code, not 0.
     bool AddChunk(std::uint32_t type, std::span<const std::uint8_t> content);
     /// Completes the file.
     bool Finish();
@@ -59,7 +62,7 @@ class SequenceWriter {
     bool Write(std::span<const std::uint8_t> bytes);
     bool WriteChunk(std::uint32_t type, std::span<const std::uint8_t> first,
                     std::span<const std::uint8_t> second);
-    bool CountFrame();
+    bool CountFrame(std::uint32_t type, std::uint32_t dwell);
     bool CompleteHead();
 
     const std::string m_path;

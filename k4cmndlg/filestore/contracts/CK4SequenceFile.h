@@ -27,14 +27,17 @@ class K4CMNCORE_EXPORT CK4SequenceFile : public CK4RiffFile {
     /// One frame, from 1. It lives until the next call of Frame(), Open() or Close().
     /// @return null if there is no such frame; words tell where a file isn't sound.
     virtual CK4Frame* Frame(int number) = 0;
-    /// The run time in milliseconds, from the frames' dwell times.
+    /// The run time in milliseconds: the sum of the dwell times of the frames that are there,
+    /// 4,294,967,295 at most. Include frames have no time of their own.
     virtual std::uint32_t CalcRunTime() = 0;
     /// Not 0 for a preview-only sequence.
     virtual int IsPreviewOnly() const = 0;
 
-    /// Writes the changed header, keywords and notes to the file. Whatever happens, the file then
-    /// has all of the old values or all of the new ones.
-    /// @return 1, or 0 with words: the file isn't open for writing, is cut short, or can't be
-    ///         written, as on a full disk.
+    /// Writes what was changed of header, keywords and notes since the file was opened or saved.
+    /// Whatever happens, the file then has all of the old values or all of the new ones. Values
+    /// that weren't changed here stay as the file has them by now, and show from then on. The file
+    /// stays open, and may be changed and saved again.
+    /// @return 1, or 0 with words: the file isn't open for writing, is cut short, was removed or
+    ///         replaced, is kept locked by another program, or can't be written, as on a full disk.
     virtual int Save() = 0;
 };

@@ -41,6 +41,10 @@ struct RGBQUAD {
     std::uint8_t rgbRed;
     std::uint8_t rgbReserved;
 };
+static_assert(offsetof(RGBQUAD, rgbBlue) == 0);
+static_assert(offsetof(RGBQUAD, rgbGreen) == 1);
+static_assert(offsetof(RGBQUAD, rgbRed) == 2);
+static_assert(offsetof(RGBQUAD, rgbReserved) == 3);
 static_assert(sizeof(RGBQUAD) == 4);
 
 /// The head of a picture with room for 256 colors: 1064 bytes.
@@ -48,6 +52,7 @@ struct K4ImageHeader {
     BITMAPINFOHEADER bmiHeader;
     RGBQUAD bmiColors[256];
 };
+static_assert(offsetof(K4ImageHeader, bmiHeader) == 0);
 static_assert(offsetof(K4ImageHeader, bmiColors) == 40);
 static_assert(sizeof(K4ImageHeader) == 1064);
 

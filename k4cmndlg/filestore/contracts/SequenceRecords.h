@@ -41,6 +41,7 @@ struct tag_K4_SOS_FRM {
     std::uint16_t reserved2;     ///< 0
 };
 static_assert(offsetof(tag_K4_SOS_FRM, flags) == 0);
+static_assert(offsetof(tag_K4_SOS_FRM, reserved) == 4);
 static_assert(offsetof(tag_K4_SOS_FRM, rows) == 16);
 static_assert(offsetof(tag_K4_SOS_FRM, columns) == 18);
 static_assert(offsetof(tag_K4_SOS_FRM, color) == 20);
@@ -49,6 +50,7 @@ static_assert(offsetof(tag_K4_SOS_FRM, runTime) == 28);
 static_assert(offsetof(tag_K4_SOS_FRM, thumbnailFrame) == 32);
 static_assert(offsetof(tag_K4_SOS_FRM, frameCount) == 34);
 static_assert(offsetof(tag_K4_SOS_FRM, includeCount) == 36);
+static_assert(offsetof(tag_K4_SOS_FRM, reserved2) == 38);
 static_assert(sizeof(tag_K4_SOS_FRM) == 40);
 
 /// The file record.
@@ -69,6 +71,7 @@ struct tag_K4_GRP_HDR {
     std::uint32_t compressionType;  ///< a tag_K4_BULB_COMPRESS_TYPE
 };
 static_assert(offsetof(tag_K4_GRP_HDR, dwell) == 0);
+static_assert(offsetof(tag_K4_GRP_HDR, reserved) == 4);
 static_assert(offsetof(tag_K4_GRP_HDR, compressionType) == 48);
 static_assert(sizeof(tag_K4_GRP_HDR) == 52);
 

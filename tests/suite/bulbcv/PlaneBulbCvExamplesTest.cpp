@@ -69,6 +69,16 @@ TEST(BulbExample, OneLampOfTwoBits) {
     EXPECT_EQ(picture.Color(3), 0xFFD696U);
 }
 
+TEST(BulbExample, WordsLieWithTheirLowByteFirst) {
+    EXPECT_EQ(Words({0xA000, 0, 0x6000, 0}), (Bytes{0, 0xA0, 0, 0, 0, 0x60, 0, 0}));
+}
+
+TEST(BulbExample, OneLampOfTwoBitsIsLitWithAnyShade) {
+    const Picture picture = Convert(K4_SIGN_COLOR_MONO4, 1, 3, Words({0xA000, 0, 0x6000, 0}), 1);
+    EXPECT_EQ(picture.pixels, (Bytes{0xE0, 0, 0, 0}));
+    EXPECT_EQ(picture.Color(1), 0xFFD696U);
+}
+
 TEST(BulbExample, RedAndGreen) {
     const Picture picture = Convert(K4_SIGN_COLOR_TRI3, 1, 3, Words({0xA000, 0, 0x6000, 0}));
     EXPECT_EQ(picture.pixels, (Bytes{1, 2, 3, 0}));
@@ -95,6 +105,19 @@ TEST(BulbExample, RedGreenAndBlueBeyondATable) {
     EXPECT_EQ(picture.pixels, (Bytes{255, 170, 85, 0}));
 }
 
+TEST(BulbExample, ACellWithRedAndWhiteIsWhite) {
+    const Picture picture = Convert(K4_SIGN_COLOR_QUAD16, 2, 2, Words({0x8000, 0x4000}));
+    EXPECT_EQ(picture.pixels, (Bytes{9, 9, 0, 0, 9, 9, 0, 0}));
+    EXPECT_EQ(picture.Color(9), 0xFFFFFFU);
+}
+
+TEST(BulbExample, LampsOfACellBeyondTheSignAreDark) {
+    const Picture picture = Convert(K4_SIGN_COLOR_QUAD16, 1, 3, Words({0xA000, 0xE000}));
+    EXPECT_EQ(picture.pixels, (Bytes{1, 1, 1, 0}));
+    const Picture bits = Convert(K4_SIGN_COLOR_QUAD16, 1, 3, Words({0x0000, 0xFFFF}), 1);
+    EXPECT_EQ(bits.pixels, Bytes(4));
+}
+
 TEST(BulbExample, ACellOfFourLampsShowsItsMixedColor) {
     // The cell's red and white lamps; right of it half a cell with its red lamp alone.
     const Picture picture = Convert(K4_SIGN_COLOR_QUAD16, 2, 3, Words({0xA000, 0x4000}));
@@ -115,6 +138,13 @@ TEST(BulbExample, WhiteIsAddedToTheOtherLampsOfACell) {
         EXPECT_EQ(picture.pixels[at], pixel[at % 4]) << at;
 }
 
+TEST(BulbExample, ARedAGreenAndABluePackedPixel) {
+    Bytes bulbs = Words({0x7C00, 0x03E0, 0x001F});
+    bulbs.resize(64);
+    const Picture picture = Convert(K4_SIGN_COLOR_RGB32KB, 1, 3, bulbs);
+    EXPECT_EQ(picture.pixels, (Bytes{0, 0, 255, 0, 0, 255, 0, 0, 255, 0, 0, 0}));
+}
+
 TEST(BulbExample, PackedPixelsOfFiveBits) {
     Bytes bulbs = Words({0x7C00, 0x03E0, 0x001F, 0x8001});
     bulbs.resize(64);
@@ -128,6 +158,36 @@ TEST(BulbExample, PackedPixelsOfEightBits) {
     const Picture picture = Convert(K4_SIGN_COLOR_RGB16MB, 1, 2, bulbs);
     EXPECT_EQ(picture.pixels, (Bytes{0, 0, 0xFF, 0, 3, 2, 1, 0}));
 }
+
+struct LightRow {
+    tag_K4_PIXEL_TECH pixel;
+    unsigned first;  ///< the light of the darkest shade of six bits that isn't dark
+    unsigned full;
+};
+
+class LightOfOneColor : public testing::TestWithParam<LightRow> {};
+
+TEST_P(LightOfOneColor, FollowsThePixelTechnologyAndIsNeverQuiteDark) {
+    K4ImageHeader header;
+    std::uint8_t pixels[4];
+    const Bytes bulbs(24);
+    ASSERT_EQ(k4suite::PlaneBulbCv(GetParam().pixel)
+                  .Bulb2DIB(bulbs.data(), bulbs.size(), 1, 1, K4_SIGN_COLOR_MONO64, &header, pixels,
+                            sizeof pixels, 8),
+              1);
+    const Picture picture{header, {}};
+    EXPECT_EQ(picture.Color(0), 0U);
+    EXPECT_EQ(picture.Color(1), GetParam().first);
+    EXPECT_EQ(picture.Color(63), GetParam().full);
+    EXPECT_EQ(header.bmiHeader.biClrUsed, 64U);
+}
+
+INSTANTIATE_TEST_SUITE_P(PixelTechnologies, LightOfOneColor,
+                         testing::Values(LightRow{K4_PIXEL_TECH_INCAND, 0x040302, 0xFFD696},
+                                         LightRow{K4_PIXEL_TECH_REFLECT, 0x030401, 0xCEFF1A},
+                                         LightRow{K4_PIXEL_TECH_LED, 0x040300, 0xFFA000},
+                                         LightRow{static_cast<tag_K4_PIXEL_TECH>(0), 0x040302,
+                                                  0xFFD696}));
 
 TEST(BulbExample, AColorWithoutLampsIsDark) {
     const Picture picture = Convert(static_cast<tag_K4_SIGN_COLOR>(15), 1, 5, {});

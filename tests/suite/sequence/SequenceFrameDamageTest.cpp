@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include "suite/sequence/Deflate.h"
 #include "tests/suite/sequence/SequenceDamage.h"
 
@@ -22,6 +24,39 @@ TEST_F(SequenceDamage, EndInsideOfAChunksHeadIsTold) {
     // Five bytes of the second chunk.
     Patch(4, 4, kFirstFrame + 76 + 5 - 8);
     EXPECT_EQ(WordsOfFrame(2), "The file ends inside of a chunk's head. (at offset 2728)");
+}
+
+TEST_F(SequenceDamage, ChunkWithoutATypeEndsTheFrames) {
+    MakeGraphic(2);
+    Patch(kFirstFrame + 76, 4, 0);
+    EXPECT_EQ(WordsOfFrame(2), "A chunk has no type. (at offset 2728)");
+    EXPECT_NE(Opened()->Frame(1), nullptr);
+}
+
+TEST_F(SequenceDamage, FourGigabytesOfNothingAreNotLookedThrough) {
+    MakeGraphic(1);
+    ASSERT_EQ(truncate(Path().c_str(), std::int64_t{1} << 32), 0);
+    std::fstream file(Path(), std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(4);
+    file.write("\xF8\xFF\xFF\xFF", 4);
+    file.seekp(2646);
+    file.write("\2", 1);
+    file.close();
+    EXPECT_EQ(WordsOfFrame(2), "A chunk has no type. (at offset 2728)");
+}
+
+TEST_F(SequenceDamage, FileThatEndsBehindAFramesHeadWhileItIsReadGivesWords) {
+    MakeGraphic(300);
+    const auto file = Opened();
+    ASSERT_NE(file->Frame(1), nullptr);
+    // The head of a later frame's chunk is there still, and its dwell time isn't.
+    const std::size_t last = kFirstFrame + 299 * 76;
+    ASSERT_EQ(truncate(Path().c_str(), static_cast<off_t>(last + 8)), 0);
+    EXPECT_EQ(file->Frame(300), nullptr);
+    EXPECT_EQ(file->GetPtrToErrorString(),
+              "The file is shorter than it was, or can't be read. (at offset " +
+                  std::to_string(last + 8) + ")");
+    EXPECT_EQ(file->CalcRunTime(), 299U * 100 + 298 * 299 / 2);
 }
 
 TEST_F(SequenceDamage, FrameShorterThanItsHeaderLeavesTheNextOneReadable) {

@@ -1,3 +1,5 @@
+#include <stdexcept>
+
 #include "k4cmndlg/filestore/contracts/SequenceLibrary.h"
 #include "suite/EmbeddedSuite.h"
 #include "suite/sequence/SequenceCheck.h"
@@ -235,6 +237,74 @@ TEST_F(SequenceRead, ClosedFileHasNothing) {
     EXPECT_EQ(file->SetKeywordsString("a"), 0);
     EXPECT_STREQ(file->GetPtrToErrorString(), "No file is open.");
     EXPECT_EQ(file->Open(Path(), K4_OPEN_READ), 1);
+}
+
+TEST_F(SequenceRead, FailedOpeningLeavesNothingOfTheFileBefore) {
+    MakeGraphic(1);
+    const auto file = Opened();
+    ASSERT_EQ(file->Open(Path() + ".none", K4_OPEN_READ), 0);
+    EXPECT_EQ(file->SosData(), nullptr);
+    EXPECT_EQ(file->RiffHdr(), nullptr);
+    EXPECT_EQ(file->FrameCount(), 0);
+    EXPECT_EQ(file->Frame(1), nullptr);
+    EXPECT_STREQ(file->GetPtrToKeywords(), "");
+    EXPECT_STREQ(file->GetPtrToComments(), "");
+    EXPECT_EQ(file->Save(), 0);
+    EXPECT_STREQ(file->GetPtrToErrorString(), "No file is open.");
+    ASSERT_EQ(file->Open(Path(), K4_OPEN_READ), 1);
+    EXPECT_STREQ(file->GetPtrToErrorString(), "");
+}
+
+TEST_F(SequenceRead, PathThatHasAZeroByteIsNoPath) {
+    MakeGraphic(1);
+    SequenceFile file;
+    EXPECT_EQ(file.Open(Path() + std::string("\0.SQ4", 5), K4_OPEN_READ), 0);
+    EXPECT_STREQ(file.GetPtrToErrorString(), "A path can't have a 0 byte.");
+}
+
+TEST_F(SequenceRead, FailureOfFindingAPlaceIsAFailureOfOpening) {
+    SequenceFile file([](const std::string&) -> std::string {
+        throw std::runtime_error("The drive is asleep.");
+    });
+    EXPECT_EQ(file.Open(Path(), K4_OPEN_READ), 0);
+    EXPECT_STREQ(file.GetPtrToErrorString(), "The drive is asleep.");
+    EXPECT_EQ(file.SosData(), nullptr);
+}
+
+TEST_F(SequenceRead, LongestRunsOfAnyPackerAreRead) {
+    // Each word alone behind a control byte: nothing is longer, and the format allows it.
+    SequenceFacts facts = Facts();
+    facts.rows = 128;
+    facts.columns = 512;
+    const Bytes data = NoiseBytes(8192, 4);
+    Make(facts, [&](SequenceWriter& writer) {
+        Bytes content(52);
+        content[48] = 1;
+        for (std::size_t word = 0; word < data.size(); word += 2) {
+            content.push_back(0);
+            content.insert(content.end(), {data[word], data[word + 1]});
+        }
+        ASSERT_TRUE(writer.AddChunk(k4cmn::kGraphicFrame, content));
+    });
+    const auto file = Opened();
+    auto* frame = dynamic_cast<CK4GphFrame*>(file->Frame(1));
+    ASSERT_NE(frame, nullptr);
+    const std::uint8_t* bulbs = frame->BulbData();
+    ASSERT_NE(bulbs, nullptr) << file->GetPtrToErrorString();
+    EXPECT_EQ(Bytes(bulbs, bulbs + data.size()), data);
+}
+
+TEST_F(SequenceRead, LastChunkWithoutItsPaddingIsRead) {
+    Make(Facts(), [](SequenceWriter& writer) {
+        ASSERT_TRUE(writer.AddGraphic(k4cmn::kGraphicFrame, 1, Bytes(16)));
+        const IncludeField field[] = {{1, "odd"}};
+        ASSERT_TRUE(writer.AddInclude(field));
+    });
+    const std::string content = Content();
+    SetContent(content.substr(0, content.size() - 1));
+    Patch(4, 4, static_cast<std::uint32_t>(content.size() - 9));
+    EXPECT_NE(Opened()->Frame(2), nullptr);
+    EXPECT_TRUE(k4suite::CheckSequence(Path()).empty());
 }
 
 TEST_F(SequenceRead, UnpackTakesItsArgumentsAsGiven) {

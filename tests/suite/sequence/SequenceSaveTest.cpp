@@ -1,24 +1,13 @@
-#include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
-#include <thread>
-
-#include "suite/platform/Descriptor.h"
-#include "suite/sequence/HeadJournal.h"
 #include "suite/sequence/SequenceCheck.h"
 #include "tests/suite/sequence/FullDisk.h"
-#include "tests/suite/sequence/SequenceFixture.h"
+#include "tests/suite/sequence/SequenceSave.h"
 
 using k4suite::HeadJournal;
-using k4suite::SequenceFile;
-using k4suite::SequenceHead;
-using k4suite::SequenceWriter;
-using k4test::Bytes;
 using k4test::FullDisk;
-using k4test::SequenceFixture;
+using k4test::SequenceSave;
 
 namespace {
 
@@ -36,60 +25,6 @@ class OrdinaryUser {
 
  private:
     const uid_t m_former;
-};
-
-class SequenceSave : public SequenceFixture {
- protected:
-    void SetUp() override {
-        Make(Facts(), [](SequenceWriter& writer) {
-            ASSERT_TRUE(writer.AddChunk(k4cmn::FourCharacterCode("own "), Bytes(7, 'o')));
-            for (int i = 0; i < 3; ++i)
-                ASSERT_TRUE(writer.AddGraphic(k4cmn::kGraphicFrame, 10, Bytes(16, 5)));
-        });
-        m_old = Content();
-    }
-
-    static void Change(SequenceFile& file) {
-        ASSERT_EQ(file.SetKeywordsString("winter; "), 1);
-        ASSERT_EQ(file.SetCommentsString("new notes"), 1);
-        file.SosData()->thumbnailFrame = 3;
-        file.RiffHdr()->compressionLevel = 30;
-    }
-
-    void ExpectNewValues() const {
-        const auto file = Opened();
-        EXPECT_STREQ(file->GetPtrToKeywords(), "winter; ");
-        EXPECT_STREQ(file->GetPtrToComments(), "new notes");
-        EXPECT_EQ(file->SosData()->thumbnailFrame, 3);
-        EXPECT_EQ(file->RiffHdr()->compressionLevel, 30U);
-        EXPECT_EQ(file->FrameCount(), 3);
-        EXPECT_NE(file->Frame(3), nullptr);
-    }
-
-    void ExpectOldValues() const {
-        const auto file = Opened();
-        EXPECT_STREQ(file->GetPtrToKeywords(), "summer; sale; ");
-        EXPECT_STREQ(file->GetPtrToComments(), "Two lines\nof notes");
-        EXPECT_EQ(file->SosData()->thumbnailFrame, 0);
-        EXPECT_EQ(file->RiffHdr()->compressionLevel, 0U);
-    }
-
-    /// The file's content after a whole saving.
-    std::string SavedContent() const {
-        const auto file = Opened(K4_OPEN_READWRITE);
-        Change(*file);
-        EXPECT_EQ(file->Save(), 1) << file->GetPtrToErrorString();
-        return Content();
-    }
-
-    std::string JournalOf(const std::string& content) const {
-        SequenceHead head;
-        std::memcpy(&head, content.data(), sizeof head);
-        const HeadJournal journal = k4suite::MakeJournal(head);
-        return {reinterpret_cast<const char*>(&journal), sizeof journal};
-    }
-
-    std::string m_old;
 };
 
 TEST_F(SequenceSave, NewValuesAreThereAndNothingElseChanged) {
@@ -247,57 +182,6 @@ TEST_F(SequenceSave, FramesThatAnotherProgramWroteStay) {
     SetContent(other);
     ASSERT_EQ(file->Save(), 1);
     EXPECT_EQ(Opened()->SosData()->color, 1U);
-}
-
-/// Whether someone waits for the lock of a file.
-bool HasWaiter(const std::string& path) {
-    struct stat facts {};
-    EXPECT_EQ(stat(path.c_str(), &facts), 0);
-    const std::string inode = ":" + std::to_string(facts.st_ino) + " ";
-    std::ifstream locks("/proc/locks");
-    EXPECT_TRUE(locks.is_open());
-    for (std::string line; std::getline(locks, line);)
-        if (line.find("-> FLOCK") != std::string::npos && line.find(inode) != std::string::npos)
-            return true;
-    return false;
-}
-
-/// Runs `use` on another thread while this one holds the file's lock, until it waits for that lock;
-/// then `meanwhile`, and gives the lock back.
-/// @return whether it waited.
-bool WaitsForLock(const std::string& path, int kind, const std::function<void()>& use,
-                  const std::function<void()>& meanwhile) {
-    const k4suite::Descriptor holder(open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    EXPECT_EQ(flock(holder.Get(), kind), 0);
-    std::atomic<bool> isDone = false;
-    std::thread user([&] {
-        use();
-        isDone = true;
-    });
-    bool waited = false;
-    while (!isDone && !waited)
-        waited = HasWaiter(path);
-    meanwhile();
-    flock(holder.Get(), LOCK_UN);
-    user.join();
-    return waited;
-}
-
-TEST_F(SequenceSave, ReaderWaitsForTheEndOfASaving) {
-    const std::string content = SavedContent();
-    // The moment in which the head is half old and half new.
-    SetContent(content.substr(0, 600) + m_old.substr(600));
-    std::string notes;
-    EXPECT_TRUE(WaitsForLock(
-        Path(), LOCK_EX, [&] { notes = Opened()->GetPtrToComments(); },
-        [&] { SetContent(content); }));
-    EXPECT_EQ(notes, "new notes");
-}
-
-TEST_F(SequenceSave, SavingWaitsForReadersOfTheHead) {
-    EXPECT_TRUE(WaitsForLock(
-        Path(), LOCK_SH, [&] { SavedContent(); }, [&] { EXPECT_EQ(Content(), m_old); }));
-    ExpectNewValues();
 }
 
 }  // namespace

@@ -1,14 +1,24 @@
 #include <sys/stat.h>
 
+#include "suite/sequence/SequenceCheck.h"
+#include "suite/store/UnfinishedCopy.h"
+#include "tests/suite/sequence/FlushedFiles.h"
 #include "tests/suite/sequence/FullDisk.h"
 #include "tests/suite/sequence/SequenceFixture.h"
 
 using k4suite::SequenceWriter;
 using k4test::Bytes;
+using k4test::FlushedFiles;
 using k4test::FullDisk;
 using k4test::SequenceFixture;
 
 namespace {
+
+ino_t InodeOf(const std::string& path) {
+    struct stat facts {};
+    EXPECT_EQ(stat(path.c_str(), &facts), 0);
+    return facts.st_ino;
+}
 
 class SequenceMaking : public SequenceFixture {
  protected:
@@ -41,6 +51,64 @@ TEST_F(SequenceMaking, FinishedFileReplacesTheFormerOneForEveryoneWhoMayReadNewF
     const mode_t mask = umask(0);
     umask(mask);
     EXPECT_EQ(facts.st_mode & 0777, 0666 & ~mask);
+}
+
+TEST_F(SequenceMaking, FileHasThePermissionsThatTheMaskLeaves) {
+    const mode_t former = umask(027);
+    MakeGraphic(1);
+    EXPECT_EQ(umask(former), 027U);
+    struct stat facts {};
+    ASSERT_EQ(stat(Path().c_str(), &facts), 0);
+    EXPECT_EQ(facts.st_mode & 0777, 0640U);
+}
+
+TEST_F(SequenceMaking, LongestNameOfAFileIsMade) {
+    const std::string path = (m_folder / (std::string(251, 'n') + ".SQ4")).string();
+    SequenceWriter writer(path, Facts());
+    ASSERT_TRUE(writer.AddGraphic(k4cmn::kGraphicFrame, 1, Bytes(16))) << writer.Problem();
+    ASSERT_TRUE(writer.Finish()) << writer.Problem();
+    EXPECT_TRUE(std::filesystem::exists(path));
+}
+
+TEST_F(SequenceMaking, UnfinishedFileHasANameThatTheStoreDoesntList) {
+    SequenceWriter writer(Path(), Facts());
+    for (const auto& entry : std::filesystem::directory_iterator(m_folder.Path()))
+        EXPECT_EQ(entry.path().filename().string().rfind(k4suite::kUnfinishedCopy, 0), 0U);
+    EXPECT_EQ(FilesInFolder(), 1U);
+}
+
+TEST_F(SequenceMaking, UnfinishedFileOfAnotherWriterIsLeftAlone) {
+    SequenceWriter one(Path(), Facts());
+    SequenceWriter other(Path(), Facts());
+    ASSERT_TRUE(one.AddGraphic(k4cmn::kGraphicFrame, 1, Bytes(16)));
+    ASSERT_TRUE(other.Finish()) << other.Problem();
+    EXPECT_EQ(Opened()->FrameCount(), 0);
+    ASSERT_TRUE(one.Finish()) << one.Problem();
+    EXPECT_EQ(Opened()->FrameCount(), 1);
+    EXPECT_EQ(FilesInFolder(), 1U);
+}
+
+TEST_F(SequenceMaking, FolderIsFlushedBehindTheFile) {
+    const FlushedFiles flushed;
+    MakeGraphic(1);
+    ASSERT_EQ(flushed.Inodes().size(), 2U);
+    EXPECT_EQ(flushed.Inodes()[0], InodeOf(Path()));
+    EXPECT_EQ(flushed.Inodes()[1], InodeOf(m_folder.Path().string()));
+}
+
+TEST_F(SequenceMaking, ChunksThatAreFramesCountAsSuch) {
+    Make(Facts(), [](SequenceWriter& writer) {
+        Bytes graphic(52 + 16);
+        graphic[0] = 70;
+        ASSERT_TRUE(writer.AddChunk(k4cmn::kTextFrame, graphic));
+        ASSERT_TRUE(writer.AddChunk(k4cmn::kIncludeFrame, Bytes(4)));
+        ASSERT_TRUE(writer.AddChunk(k4cmn::FourCharacterCode("own "), Bytes(4)));
+    });
+    const auto file = Opened();
+    EXPECT_EQ(file->FrameCount(), 2);
+    EXPECT_EQ(file->SosData()->includeCount, 1);
+    EXPECT_EQ(file->SosData()->runTime, 70U);
+    EXPECT_TRUE(k4suite::CheckSequence(Path()).empty());
 }
 
 TEST_F(SequenceMaking, FullDiskLeavesTheFormerFile) {
@@ -101,6 +169,8 @@ INSTANTIATE_TEST_SUITE_P(
                    EXPECT_FALSE(writer.AddInclude(field));
                },
                "A path of the include frame is too long."},
+        BadUse{"NoType", [](SequenceWriter& writer) { EXPECT_FALSE(writer.AddChunk(0, Bytes(4))); },
+               "A chunk needs a type."},
         BadUse{
             "Include",
             [](SequenceWriter& writer) {
@@ -128,6 +198,8 @@ TEST_F(SequenceMaking, FactsThatCantBeAreTold) {
     facts = Facts();
     facts.notes = std::string(1024, 'n');
     EXPECT_EQ(SequenceWriter(Path(), facts).Problem(), "A text is too long.");
+    EXPECT_EQ(SequenceWriter(Path() + std::string("\0x", 2), Facts()).Problem(),
+              "A path can't have a 0 byte.");
     EXPECT_EQ(FilesInFolder(), 0U);
 }
 
