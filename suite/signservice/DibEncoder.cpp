@@ -18,22 +18,13 @@ std::size_t DibBytes(std::uint32_t rows, std::uint32_t columns) {
     return kHeaderBytes + kPixelBytes * rows * columns;
 }
 
-void EncodeDib(const Lamps& picture, std::span<std::uint8_t> bytes) {
-    const auto pixels =
-        static_cast<std::uint32_t>(DibBytes(picture.Rows(), picture.Columns()) - kHeaderBytes);
+std::span<std::uint8_t> EncodeDibHeader(std::uint32_t rows, std::uint32_t columns,
+                                        std::span<std::uint8_t> bytes) {
+    const auto pixels = static_cast<std::uint32_t>(DibBytes(rows, columns) - kHeaderBytes);
     constexpr std::uint32_t onePlane = 1;
     constexpr std::uint32_t bits = 32;
     const std::uint32_t header[] = {
-        kHeaderBytes,
-        picture.Columns(),
-        0U - picture.Rows(),
-        onePlane | bits << 16,
-        0,
-        pixels,
-        0,
-        0,
-        0,
-        0,
+        kHeaderBytes, columns, 0U - rows, onePlane | bits << 16, 0, pixels, 0, 0, 0, 0,
     };
     static_assert(sizeof header == kHeaderBytes);
     std::uint8_t* at = bytes.data();
@@ -41,6 +32,11 @@ void EncodeDib(const Lamps& picture, std::span<std::uint8_t> bytes) {
         PutWord(at, word);
         at += sizeof word;
     }
+    return bytes.subspan(kHeaderBytes, pixels);
+}
+
+void EncodeDib(const Lamps& picture, std::span<std::uint8_t> bytes) {
+    std::uint8_t* at = EncodeDibHeader(picture.Rows(), picture.Columns(), bytes).data();
     for (const Rgb& lamp : picture.All()) {
         at[0] = lamp.blue;
         at[1] = lamp.green;

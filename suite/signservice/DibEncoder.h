@@ -11,10 +11,15 @@ namespace k4suite {
 /// The bytes of a picture as a device-independent bitmap.
 std::size_t DibBytes(std::uint32_t rows, std::uint32_t columns);
 
-/// Writes a picture as a device-independent bitmap: a bitmap header of 40 bytes, little-endian,
-/// with a negative height since the first row is on top, 32 bits a pixel and no compression; then
-/// one pixel a lamp, as blue, green, red and a zero.
-/// @param bytes has room for DibBytes().
+/// Writes the bitmap header of a picture: 40 bytes, little-endian, with a negative height since the
+/// first row is on top, 32 bits a pixel and no compression.
+/// @param bytes has DibBytes().
+/// @return where the pixels belong, one a lamp, as blue, green, red and a zero.
+std::span<std::uint8_t> EncodeDibHeader(std::uint32_t rows, std::uint32_t columns,
+                                        std::span<std::uint8_t> bytes);
+
+/// Writes a picture as a device-independent bitmap: the header, then the pixels.
+/// @param bytes has DibBytes().
 void EncodeDib(const Lamps& picture, std::span<std::uint8_t> bytes);
 
 }  // namespace k4suite

@@ -25,8 +25,9 @@ std::int32_t EngineRpc::k4ssPlaySequence(const char* sign, const char* file,
 }
 
 std::int32_t EngineRpc::k4ssRunSchedule(const char* sign, const char* file, std::uint32_t) {
-    return OnSign("k4ssRunSchedule", sign,
-                  [&](Machine&, Sign& at, TimePoint) { return at.RunSchedule(TextOf(file)); });
+    return OnSign("k4ssRunSchedule", sign, [&](Machine&, Sign& at, TimePoint now) {
+        return at.RunSchedule(TextOf(file), now);
+    });
 }
 
 std::int32_t EngineRpc::k4ssCheckSequence(const char* sign, const char* file,

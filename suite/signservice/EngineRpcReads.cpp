@@ -143,8 +143,7 @@ std::int32_t EngineRpc::k4ssGetDIB(const char* sign, char* buffer, std::uint32_t
         PutNumber(length, size);
         if (!buffer || size > capacity)
             return false;
-        EncodeDib(PictureComposer(machine, now).LightOf(at),
-                  {reinterpret_cast<std::uint8_t*>(buffer), size});
+        PictureComposer(machine, now).DibOf(at, {reinterpret_cast<std::uint8_t*>(buffer), size});
         return true;
     });
 }
@@ -156,10 +155,10 @@ std::int32_t EngineRpc::k4ssGetBulb(const char* sign, std::uint8_t* buffer, std:
         const std::size_t size = BulbBytes(at.Settings().rows, at.Settings().columns, technology);
         PutNumber(word1, size);
         PutNumber(word2, technology.planes);
-        if (size > capacity)
+        if (size > capacity || (size > 0 && !buffer))
             return false;
-        return PutBytes(EncodeBulbs(PictureComposer(machine, now).ShadesOf(at)), buffer, capacity,
-                        nullptr);
+        PictureComposer(machine, now).BulbsOf(at, {buffer, size});
+        return true;
     });
 }
 

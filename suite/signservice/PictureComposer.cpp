@@ -4,6 +4,10 @@
 #include <map>
 #include <utility>
 
+#include "suite/signservice/BulbDecoder.h"
+#include "suite/signservice/BulbEncoder.h"
+#include "suite/signservice/BulbLight.h"
+#include "suite/signservice/DibEncoder.h"
 #include "suite/signservice/Machine.h"
 #include "suite/signservice/NameHash.h"
 
@@ -14,8 +18,14 @@ namespace {
 /// How many windows lie inside one another at most.
 constexpr std::size_t kDeepest = 4;
 
+constexpr std::uint8_t kFullBrightness = 255;
+
+using Cover = LampGrid<std::uint8_t>;
+constexpr std::uint8_t kCovered = 1;
+
 /// Paints one picture over another, as far as it lies on it.
-void Paint(const Lamps& from, std::int32_t row, std::int32_t column, Lamps& onto) {
+template <class Picture>
+void Paint(const Picture& from, std::int32_t row, std::int32_t column, Picture& onto) {
     const auto last = [](std::int32_t at, std::uint32_t size, std::uint32_t limit) {
         return std::min<std::int64_t>(std::int64_t{at} + size, limit);
     };
@@ -29,6 +39,49 @@ void Paint(const Lamps& from, std::int32_t row, std::int32_t column, Lamps& onto
 
 bool IsBlank(const Sign& sign) {
     return sign.Playing().Position().state == PlayState::Blank;
+}
+
+ShadePicture Dark(const k4cmn::SignSettings& sign) {
+    return {TechnologyOf(sign.color), LampGrid<Shade>(sign.rows, sign.columns)};
+}
+
+bool ShowsAny(const std::vector<const Sign*>& shown) {
+    return std::any_of(shown.begin(), shown.end(), [](const Sign* sign) { return sign; });
+}
+
+/// Which lamps of a sign lie under its windows.
+Cover CoverOf(const Sign& sign, const std::vector<const Sign*>& shown) {
+    Cover cover(sign.Settings().rows, sign.Settings().columns);
+    for (std::uint32_t window = 1; window <= K4_MAX_SIGN_WINDOWS; ++window) {
+        if (!shown[window - 1])
+            continue;
+        const k4cmn::SignSettings& other = shown[window - 1]->Settings();
+        const SignWindow& place = sign.Windows().At(window);
+        Cover all(other.rows, other.columns);
+        std::fill(all.All().begin(), all.All().end(), kCovered);
+        Paint(all, place.row, place.column, cover);
+    }
+    return cover;
+}
+
+/// Whether a window lies over a lamp, or over another one of its cell.
+bool IsCovered(const Cover& cover, const LampTechnology& technology, std::uint32_t row,
+               std::uint32_t column) {
+    if (technology.family != LampFamily::Quad)
+        return cover.At(row, column) == kCovered;
+    for (std::uint32_t r = row & ~1U; r < std::min((row & ~1U) + 2, cover.Rows()); ++r)
+        for (std::uint32_t c = column & ~1U; c < std::min((column & ~1U) + 2, cover.Columns()); ++c)
+            if (cover.At(r, c) == kCovered)
+                return true;
+    return false;
+}
+
+/// Puts back what the lamps do that no window covers: not all of it can be told from their light.
+void PutBackUncovered(const ShadePicture& own, const Cover& cover, ShadePicture& composed) {
+    for (std::uint32_t row = 0; row < cover.Rows(); ++row)
+        for (std::uint32_t column = 0; column < cover.Columns(); ++column)
+            if (!IsCovered(cover, own.technology, row, column))
+                composed.lamps.At(row, column) = own.lamps.At(row, column);
 }
 
 }  // namespace
@@ -49,9 +102,9 @@ std::vector<const Sign*> PictureComposer::WindowSigns(const Path& path) const {
     return signs;
 }
 
-void PictureComposer::PaintWindows(Path& path, Lamps& picture) const {
+void PictureComposer::PaintWindows(Path& path, const std::vector<const Sign*>& shown,
+                                   Lamps& picture) const {
     const Sign& sign = *path.back();
-    const std::vector<const Sign*> shown = WindowSigns(path);
     // Several windows may show one sign: it is composed once.
     std::map<const Sign*, Lamps> pictures;
     for (std::uint32_t window = 1; window <= K4_MAX_SIGN_WINDOWS; ++window) {
@@ -61,7 +114,7 @@ void PictureComposer::PaintWindows(Path& path, Lamps& picture) const {
         const auto [at, isNew] = pictures.try_emplace(other);
         if (isNew) {
             path.push_back(other);
-            at->second = k4suite::LightOf(Compose(path), other->Settings().pixel);
+            at->second = LightOf(Compose(path), other->Settings().pixel);
             path.pop_back();
         }
         const SignWindow& place = sign.Windows().At(window);
@@ -72,24 +125,62 @@ void PictureComposer::PaintWindows(Path& path, Lamps& picture) const {
 ShadePicture PictureComposer::Compose(Path& path) const {
     const Sign& sign = *path.back();
     const k4cmn::SignSettings& settings = sign.Settings();
-    Lamps picture =
-        Resized(sign.Playing().Picture(m_now).value_or(Lamps()), settings.rows, settings.columns);
-    PaintWindows(path, picture);
-    return Quantise(picture, TechnologyOf(settings.color));
+    const LampTechnology technology = TechnologyOf(settings.color);
+    const std::optional<FramePicture> frame = sign.Playing().Picture(m_now);
+    if (!frame)
+        return Dark(settings);
+    const bool isExact = !frame->light;
+    ShadePicture own = isExact
+                           ? DecodeBulbs(frame->bulbs, settings.rows, settings.columns, technology)
+                           : Quantise(*frame->light, technology);
+    const std::vector<const Sign*> shown = WindowSigns(path);
+    if (!ShowsAny(shown))
+        return own;
+    Lamps light = isExact ? LightOf(own, settings.pixel) : *frame->light;
+    PaintWindows(path, shown, light);
+    ShadePicture composed = Quantise(light, technology);
+    if (isExact)
+        PutBackUncovered(own, CoverOf(sign, shown), composed);
+    return composed;
 }
 
-ShadePicture PictureComposer::ShadesOf(const Sign& sign) const {
-    Path path{&sign};
-    ShadePicture shades = Compose(path);
-    DimShades(shades, BrightnessOf(sign));
-    return shades;
+std::optional<std::span<const std::uint8_t>> PictureComposer::PlainBulbs(const Sign& sign) const {
+    if (ShowsAny(WindowSigns({&sign})))
+        return std::nullopt;
+    const std::optional<FramePicture> frame = sign.Playing().Picture(m_now);
+    if (!frame || frame->light)
+        return std::nullopt;
+    return frame->bulbs;
 }
 
-Lamps PictureComposer::LightOf(const Sign& sign) const {
+void PictureComposer::BulbsOf(const Sign& sign, std::span<std::uint8_t> bytes) const {
+    const std::uint8_t brightness = BrightnessOf(sign);
+    std::vector<std::uint8_t> encoded;
+    std::span<const std::uint8_t> bulbs;
+    if (const auto plain = brightness == kFullBrightness ? PlainBulbs(sign) : std::nullopt) {
+        bulbs = *plain;
+    } else {
+        Path path{&sign};
+        ShadePicture shades = Compose(path);
+        DimShades(shades, brightness);
+        encoded = EncodeBulbs(shades);
+        bulbs = encoded;
+    }
+    std::copy(bulbs.begin(), bulbs.end(), bytes.begin());
+}
+
+void PictureComposer::DibOf(const Sign& sign, std::span<std::uint8_t> bytes) const {
+    const k4cmn::SignSettings& settings = sign.Settings();
+    const std::uint8_t brightness = BrightnessOf(sign);
+    if (const auto plain = PlainBulbs(sign)) {
+        BulbsToDib({*plain, settings.rows, settings.columns, settings.color, settings.pixel},
+                   brightness, bytes);
+        return;
+    }
     Path path{&sign};
-    Lamps light = k4suite::LightOf(Compose(path), sign.Settings().pixel);
-    DimLight(light, BrightnessOf(sign));
-    return light;
+    Lamps light = LightOf(Compose(path), settings.pixel);
+    DimLight(light, brightness);
+    EncodeDib(light, bytes);
 }
 
 std::uint8_t PictureComposer::PhotocellOf(const Sign& sign) const {

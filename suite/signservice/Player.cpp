@@ -78,10 +78,10 @@ std::optional<TimePoint> Player::EndedBy(TimePoint now) const {
     const std::optional<std::uint32_t> times = Times();
     if (!times || m_position.state != PlayState::Playing)
         return std::nullopt;
-    const milliseconds length = Length() * static_cast<std::int64_t>(*times);
-    if (Elapsed(now) < length)
+    // Many times a long sequence are more milliseconds than there are.
+    if (Elapsed(now) / Length() < *times)
         return std::nullopt;
-    return m_position.started + length;
+    return m_position.started + Length() * static_cast<std::int64_t>(*times);
 }
 
 void Player::Repeat(TimePoint now) {
@@ -143,10 +143,10 @@ std::uint64_t Player::TimesPlayed(TimePoint now) const {
     return static_cast<std::uint64_t>(Elapsed(now) / Length());
 }
 
-std::optional<Lamps> Player::Picture(TimePoint now) const {
+std::optional<FramePicture> Player::Picture(TimePoint now) const {
     if (m_position.state == PlayState::Blank)
         return std::nullopt;
-    return m_frames->RenderFrame(Frame(now));
+    return m_frames->Picture(Frame(now));
 }
 
 }  // namespace k4suite

@@ -70,8 +70,8 @@ class Player {
     std::uint64_t FramesShown(TimePoint now) const;
     /// How often the sequence has been played to its end.
     std::uint64_t TimesPlayed(TimePoint now) const;
-    /// The picture, in full color; nothing while blank.
-    std::optional<Lamps> Picture(TimePoint now) const;
+    /// The picture; nothing while blank. It holds until the player is asked again.
+    std::optional<FramePicture> Picture(TimePoint now) const;
 
  private:
     using Span = std::chrono::milliseconds;

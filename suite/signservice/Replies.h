@@ -55,7 +55,8 @@
 ///
 /// Schedule change flag (GetSchedChangeFlag): moves when a schedule is started or ended.
 ///
-/// Play modes: see Player. Running a schedule shows in the replies; what it says isn't carried out.
+/// Play modes: see Player. Sequences: the test pattern and SQ4 files of the store; AVI files are
+/// refused, since the service can't decode them. Schedules: see docs/schedule-format.md.
 ///
 /// Saving: a command holds even if the state of the sign can't be saved; that is told among the
 /// engine's problems.

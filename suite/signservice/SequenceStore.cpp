@@ -1,18 +1,15 @@
 #include "suite/signservice/SequenceStore.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "suite/settings/NameText.h"
+#include "suite/signservice/ScheduleFile.h"
+#include "suite/signservice/SequenceFrames.h"
 #include "suite/signservice/TestPattern.h"
 
 namespace k4suite {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 bool IsSameAscii(std::string_view one, std::string_view other) {
     return std::equal(one.begin(), one.end(), other.begin(), other.end(),
@@ -23,6 +20,9 @@ bool EndsIn(std::string_view name, std::string_view ending) {
     return name.size() > ending.size() &&
            IsSameAscii(name.substr(name.size() - ending.size()), ending);
 }
+
+/// The name that the test pattern's look goes by.
+constexpr char kTestPatternLook[] = "test pattern.sq4";
 
 bool IsTestPattern(std::string_view name) {
     return IsSameAscii(name, kTestPatternFile);
@@ -38,45 +38,31 @@ bool IsFileName(std::string_view name) {
            std::none_of(name.begin(), name.end(), isControl) && IsUtf8(name);
 }
 
-bool SequenceStore::HasFile(const std::string& file) const {
-    const std::string native = m_files.NativePath(file);
-    std::error_code ignored;
-    return !native.empty() && fs::is_regular_file(native, ignored);
-}
-
-bool SequenceStore::HasSequence(const std::string& file) const {
-    if (!IsFileName(file))
-        return false;
-    return IsTestPattern(file) || ((EndsIn(file, ".SQ4") || EndsIn(file, ".AVI")) && HasFile(file));
+bool IsSequenceName(std::string_view name) {
+    return EndsIn(name, ".SQ4");
 }
 
 std::unique_ptr<FrameSource> SequenceStore::Open(const std::string& file,
                                                  const k4cmn::SignSettings& sign) const {
-    if (!HasSequence(file))
+    if (IsTestPattern(file))
+        return std::make_unique<TestPattern>(kTestPatternLook, sign);
+    if (!IsFileName(file) || !IsSequenceName(file))
         return nullptr;
-    // One name in two spellings is one sequence, and looks the same.
-    std::string name = IsTestPattern(file) ? kTestPatternFile : file;
-    std::transform(name.begin(), name.end(), name.begin(), LowerAscii);
-    return std::make_unique<TestPattern>(name, sign);
+    return SequenceFrames::Open(m_files, file, sign);
 }
 
-std::unique_ptr<FrameSource> SequenceStore::OpenTestPattern(const k4cmn::SignSettings& sign) {
-    std::string name = kTestPatternFile;
-    std::transform(name.begin(), name.end(), name.begin(), LowerAscii);
-    return std::make_unique<TestPattern>(name, sign);
+std::string SequenceStore::SequenceOfSchedule(const std::string& sequence,
+                                              const std::string& schedule) const {
+    return IsTestPattern(sequence) ? sequence : m_files.GetFullPath(sequence, schedule);
 }
 
 std::optional<std::vector<std::uint8_t>> SequenceStore::ReadSchedule(
     const std::string& file) const {
-    if (!IsFileName(file) || !EndsIn(file, ".SD4") || !HasFile(file))
+    if (!IsFileName(file) || !EndsIn(file, ".SD4"))
         return std::nullopt;
-    std::ifstream stream(m_files.NativePath(file), std::ios::binary);
-    std::vector<std::uint8_t> bytes(kLongestSchedule + 1);
-    stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(stream.gcount()));
-    if (stream.bad() || bytes.size() > kLongestSchedule || (stream.fail() && !stream.eof()))
-        return std::nullopt;
-    return bytes;
+    const std::string native = m_files.NativePath(file);
+    std::string ignored;  // the reply has no room for words
+    return native.empty() ? std::nullopt : ReadScheduleFile(native, ignored);
 }
 
 }  // namespace k4suite

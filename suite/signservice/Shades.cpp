@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "suite/signservice/Lowered.h"
+
 namespace k4suite {
 
 namespace {
@@ -17,12 +19,6 @@ std::uint8_t ShadeOf(std::uint32_t light, const LampTechnology& technology) {
 /// sign with one color shows keeps its shades.
 std::uint32_t BrightnessOf(const Rgb& color) {
     return std::max({color.red, color.green, color.blue});
-}
-
-/// Lowers a value in proportion, and not to 0 if it isn't.
-std::uint8_t Lowered(std::uint32_t value, std::uint8_t brightness) {
-    const std::uint32_t lowered = (value * brightness + kFull / 2) / kFull;
-    return static_cast<std::uint8_t>(value && !lowered ? 1 : lowered);
 }
 
 Shade ShadeOfPlace(const Rgb& color, const LampTechnology& technology) {
@@ -170,22 +166,6 @@ void DimLight(Lamps& picture, std::uint8_t brightness) {
     for (Rgb& lamp : picture.All())
         lamp = {Lowered(lamp.red, brightness), Lowered(lamp.green, brightness),
                 Lowered(lamp.blue, brightness)};
-}
-
-Lamps Resized(const Lamps& picture, std::uint32_t rows, std::uint32_t columns) {
-    if (picture.Rows() == rows && picture.Columns() == columns)
-        return picture;
-    Lamps resized(rows, columns);
-    if (picture.All().empty())
-        return resized;
-    for (std::uint32_t row = 0; row < rows; ++row) {
-        const auto from = static_cast<std::uint32_t>(std::uint64_t{row} * picture.Rows() / rows);
-        for (std::uint32_t column = 0; column < columns; ++column)
-            resized.At(row, column) = picture.At(
-                from,
-                static_cast<std::uint32_t>(std::uint64_t{column} * picture.Columns() / columns));
-    }
-    return resized;
 }
 
 }  // namespace k4suite

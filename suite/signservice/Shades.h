@@ -47,7 +47,4 @@ void DimShades(ShadePicture& picture, std::uint8_t brightness);
 /// Lowers light to a brightness of 0 to 255; a lamp that is lit stays lit.
 void DimLight(Lamps& picture, std::uint8_t brightness);
 
-/// Makes a picture another size, each lamp taking the nearest of the old ones.
-Lamps Resized(const Lamps& picture, std::uint32_t rows, std::uint32_t columns);
-
 }  // namespace k4suite

@@ -15,7 +15,8 @@ Sign::Sign(SignSetup setup, const SequenceStore& store, TimePoint now)
 void Sign::Restore(const SignKept& kept, TimePoint now) {
     m_dimming = kept.dimming;
     m_default = kept.defaultOrder;
-    m_schedule = kept.schedule;
+    if (kept.schedule)
+        TakeSchedule(*kept.schedule);
     for (std::uint32_t window = 1; window <= K4_MAX_SIGN_WINDOWS; ++window) {
         const KeptWindow& from = kept.windows[window - 1];
         m_windows.Enable(window, from.open);
@@ -32,10 +33,14 @@ void Sign::RestorePlaying(const std::optional<PlayPosition>& position, TimePoint
     std::unique_ptr<FrameSource> frames;
     if (position)
         frames = m_store.Open(position->order.sequence, m_setup.settings);
-    if (frames && Player::CanPlay(position->order, *frames))
+    if (frames && Player::CanPlay(position->order, *frames)) {
         m_player.Resume(*position, std::move(frames), now);
-    else
-        PlayDefault(now);
+        return;
+    }
+    PlayDefault(now);
+    // A sign that was dark doesn't light up because a file has gone.
+    if (position && position->state == PlayState::Blank)
+        m_player.Blank(now);
 }
 
 SignKept Sign::Kept() const {
@@ -62,18 +67,27 @@ void Sign::Changed() {
 }
 
 void Sign::AdvanceTo(TimePoint now) {
+    FollowSchedule(now);
+    EndSequences(now);
+}
+
+void Sign::EndSequences(TimePoint now) {
     while (const std::optional<TimePoint> end = m_player.EndedBy(now))
         Finish(*end, now);
 }
 
 void Sign::Finish(TimePoint end, TimePoint now) {
+    const bool leavesQueue = m_player.Position().order.mode == K4_PLAY_SEQ_PLAY_BLANK;
+    if (leavesQueue || !PlayFromQueue(end))
+        GiveWay(end, now);
+}
+
+void Sign::GiveWay(TimePoint end, TimePoint now) {
     const tag_K4_PLAY_SEQ_MODE mode = m_player.Position().order.mode;
     if (mode == K4_PLAY_SEQ_PLAY_BLANK) {
         m_player.StopAtEnd();
         m_player.Blank(end);
         Changed();
-    } else if (PlayFromQueue(end)) {
-        return;
     } else if (mode == K4_PLAY_SEQ_PLAY_STOP) {
         m_player.StopAtEnd();
         Changed();
@@ -157,24 +171,6 @@ void Sign::StopSequence(TimePoint now) {
 void Sign::BlankSign(TimePoint now) {
     if (m_player.Blank(now))
         Changed();
-}
-
-bool Sign::RunSchedule(const std::string& file) {
-    std::optional<std::vector<std::uint8_t>> bytes = m_store.ReadSchedule(file);
-    if (!bytes)
-        return false;
-    m_schedule = RunningSchedule{file, std::move(*bytes)};
-    ++m_scheduleChanges;
-    Changed();
-    return true;
-}
-
-void Sign::EndSchedule() {
-    if (!m_schedule)
-        return;
-    m_schedule.reset();
-    ++m_scheduleChanges;
-    Changed();
 }
 
 bool Sign::SetDimming(tag_K4_SIGN_DIM_MODE mode, std::int32_t value) {

@@ -3,11 +3,13 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "suite/settings/MachineSettings.h"
 #include "suite/signservice/Dimming.h"
 #include "suite/signservice/DisplayQueue.h"
 #include "suite/signservice/Player.h"
+#include "suite/signservice/ScheduleTimes.h"
 #include "suite/signservice/SequenceStore.h"
 #include "suite/signservice/SignKept.h"
 #include "suite/signservice/SignWindows.h"
@@ -25,8 +27,11 @@ namespace k4suite {
 /// entries are carried out up to and with the next sequence. With nothing queued, Play Stop stays
 /// at the last frame, and the others give way to the default sequence, which is repeated in its own
 /// mode. Play Blank ends in the dark and leaves the queue alone. While a sequence plays on and on,
-/// the default one too, what is queued waits for NextItem(). Threads: one at a time; the engine
-/// sees to it.
+/// the default one too, what is queued waits for NextItem().
+///
+/// While a schedule runs, its entries are carried out as they become due. docs/schedule-format.md
+/// tells what is in force when one is started, and what clocks that are changed do to it.
+/// Threads: one at a time; the engine sees to it.
 class Sign {
  public:
     /// A sign as it comes out of the box.
@@ -54,7 +59,8 @@ class Sign {
     /// Moves with every change of the schedule.
     std::uint32_t ScheduleChanges() const { return m_scheduleChanges; }
 
-    /// Carries out what time has brought: ends of sequences, and what follows them.
+    /// Carries out what time has brought: ends of sequences, what follows them, and entries of the
+    /// schedule, each as of its time.
     void AdvanceTo(TimePoint now);
 
     bool CanPlay(const PlayOrder& order) const;
@@ -66,7 +72,8 @@ class Sign {
     void StopSequence(TimePoint now);
     void BlankSign(TimePoint now);
 
-    bool RunSchedule(const std::string& file);
+    /// @return false if the file is no schedule, or has a bad line.
+    bool RunSchedule(const std::string& file, TimePoint now);
     void EndSchedule();
 
     bool SetDimming(tag_K4_SIGN_DIM_MODE mode, std::int32_t value);
@@ -85,10 +92,21 @@ class Sign {
     bool Queue(QueueEntry entry);
     bool Play(const PlayOrder& order, TimePoint now, bool isDefault);
     void PlayDefault(TimePoint now);
+    void EndSequences(TimePoint now);
     void Finish(TimePoint end, TimePoint now);
+    void GiveWay(TimePoint end, TimePoint now);
+    void GiveWayUntil(TimePoint now);
     bool CarryOut(const QueueEntry& entry, TimePoint now);
     bool PlayFromQueue(TimePoint now);
     void RestorePlaying(const std::optional<PlayPosition>& position, TimePoint now);
+
+    bool TakeSchedule(RunningSchedule schedule);
+    void FollowSchedule(TimePoint now);
+    void TakeUpSchedule(TimePoint now);
+    void TakeUpPicture(const std::vector<DueEntry>& due, TimePoint now);
+    void TakeUpDimming(const std::vector<DueEntry>& due);
+    bool BeginPicture(const ScheduleAction& action, TimePoint at);
+    bool CarryOut(const ScheduleAction& action, TimePoint at);
 
     SignSetup m_setup;
     const SequenceStore& m_store;
@@ -98,6 +116,9 @@ class Sign {
     PlayOrder m_default{kTestPatternFile, K4_PLAY_SEQ_CONTINUOUS, 0};
     Player m_player;
     std::optional<RunningSchedule> m_schedule;
+    ScheduleTimes m_times;               ///< of the schedule that runs
+    std::optional<TimePoint> m_nextDue;  ///< its next entry's time
+    TimePoint m_latestSeen{};            ///< the latest time at which it was followed
     std::uint64_t m_changes = 0;
     std::uint32_t m_scheduleChanges = 0;
     bool m_isChanged = false;

@@ -14,10 +14,12 @@
 
 namespace k4suite {
 
-/// A schedule that runs: the name that was given, and the file's bytes when it was started.
+/// A schedule that runs: the name that was given, the file's bytes when it was started, and up to
+/// when its entries have been carried out.
 struct RunningSchedule {
     std::string file;
     std::vector<std::uint8_t> bytes;
+    TimePoint done{};
 };
 
 /// What a sign keeps of one of its windows.

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "suite/signservice/Schedule.h"
 #include "suite/signservice/SequenceStore.h"
 #include "suite/signservice/SignWindows.h"
 
@@ -68,16 +69,27 @@ QJsonObject WindowToJson(const KeptWindow& window) {
             {QStringLiteral("column"), window.column}};
 }
 
+double Milliseconds(TimePoint instant) {
+    return static_cast<double>(instant.time_since_epoch().count());
+}
+
 QJsonObject PlayingToJson(const PlayPosition& position) {
     const auto* state = std::find_if(std::begin(kStates), std::end(kStates),
                                      [&](const auto& row) { return row.state == position.state; });
     QJsonObject json = OrderToJson(position.order);
     json.insert(QStringLiteral("state"), QLatin1String(state->name));
-    json.insert(QStringLiteral("started"),
-                static_cast<double>(position.started.time_since_epoch().count()));
+    json.insert(QStringLiteral("started"), Milliseconds(position.started));
     json.insert(QStringLiteral("frame"), static_cast<double>(position.frame));
     json.insert(QStringLiteral("default"), position.isDefault);
     return json;
+}
+
+QJsonObject ScheduleToJson(const RunningSchedule& schedule) {
+    const QByteArray bytes(reinterpret_cast<const char*>(schedule.bytes.data()),
+                           static_cast<qsizetype>(schedule.bytes.size()));
+    return {{QStringLiteral("file"), Text(schedule.file)},
+            {QStringLiteral("bytes"), QLatin1String(bytes.toBase64())},
+            {QStringLiteral("done"), Milliseconds(schedule.done)}};
 }
 
 // Reading. A value of another type counts as one that isn't there.
@@ -94,6 +106,12 @@ std::int32_t Signed(const QJsonObject& json, const QString& key) {
 
 std::uint32_t Word(const QJsonObject& json, const QString& key) {
     return static_cast<std::uint32_t>(Number(json, key, 0, kWordMax, 0));
+}
+
+/// Milliseconds since 1970; where there are none, the end of all time.
+TimePoint Instant(const QJsonObject& json, const QString& key) {
+    return TimePoint(std::chrono::milliseconds(
+        static_cast<std::int64_t>(Number(json, key, 0, kTimeMax, kTimeMax))));
 }
 
 /// A name that can stand in replies; empty if it isn't one.
@@ -155,8 +173,7 @@ std::optional<PlayPosition> PlayingFromJson(const QJsonObject& json) {
     for (const StateName& row : kStates)
         if (name == QLatin1String(row.name))
             position.state = row.state;
-    position.started = TimePoint(std::chrono::milliseconds(
-        static_cast<std::int64_t>(Number(json, QStringLiteral("started"), 0, kTimeMax, kTimeMax))));
+    position.started = Instant(json, QStringLiteral("started"));
     position.frame = Word(json, QStringLiteral("frame"));
     position.isDefault = json.value(QStringLiteral("default")).toBool();
     return position;
@@ -169,9 +186,9 @@ std::optional<RunningSchedule> ScheduleFromJson(const QJsonObject& json) {
         return std::nullopt;
     const QByteArray bytes =
         QByteArray::fromBase64(json.value(QStringLiteral("bytes")).toString().toLatin1());
-    const auto kept =
-        std::min(static_cast<std::size_t>(bytes.size()), SequenceStore::kLongestSchedule);
+    const auto kept = std::min(static_cast<std::size_t>(bytes.size()), kLongestSchedule);
     schedule.bytes.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(kept));
+    schedule.done = Instant(json, QStringLiteral("done"));
     return schedule;
 }
 
@@ -201,13 +218,8 @@ QJsonObject ToJson(const SignKept& kept) {
     };
     if (kept.playing)
         json.insert(QStringLiteral("playing"), PlayingToJson(*kept.playing));
-    if (kept.schedule) {
-        const QByteArray bytes(reinterpret_cast<const char*>(kept.schedule->bytes.data()),
-                               static_cast<qsizetype>(kept.schedule->bytes.size()));
-        json.insert(QStringLiteral("schedule"),
-                    QJsonObject{{QStringLiteral("file"), Text(kept.schedule->file)},
-                                {QStringLiteral("bytes"), QLatin1String(bytes.toBase64())}});
-    }
+    if (kept.schedule)
+        json.insert(QStringLiteral("schedule"), ScheduleToJson(*kept.schedule));
     return json;
 }
 

@@ -15,7 +15,8 @@ namespace k4suite {
 /// - default: sequence, mode, param.
 /// - playing: sequence, mode, param; state ("playing", "stopped", "step", "blank"), started
 ///   (milliseconds since 1970), frame (from 0), default.
-/// - schedule: file, bytes (base64); absent when none runs.
+/// - schedule: file, bytes (base64), done (milliseconds since 1970: up to when entries have been
+///   carried out); absent when none runs.
 QJsonObject ToJson(const SignKept& kept);
 
 /// The reverse. Whatever is missing, of another type or out of range becomes the nearest thing that

@@ -103,6 +103,14 @@ Rgb TestPattern::Field(const Place& place) const {
     }
 }
 
+FramePicture TestPattern::Picture(std::uint32_t frame) {
+    if (m_drawn != frame) {
+        m_picture = RenderFrame(frame);
+        m_drawn = frame;
+    }
+    return {{}, &m_picture};
+}
+
 Lamps TestPattern::RenderFrame(std::uint32_t frame) const {
     Lamps picture(m_rows, m_columns);
     Place place{};

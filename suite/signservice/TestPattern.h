@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "k4cmndlg/filestore/contracts/RegistryProvider.h"
@@ -21,7 +22,10 @@ class TestPattern final : public FrameSource {
 
     std::uint32_t FrameCount() const override { return kFrames; }
     std::chrono::milliseconds Dwell(std::uint32_t) const override { return kDwell; }
-    Lamps RenderFrame(std::uint32_t frame) const override;
+    FramePicture Picture(std::uint32_t frame) override;
+
+    /// Draws a frame in full color, in the sign's size.
+    Lamps RenderFrame(std::uint32_t frame) const;
 
  private:
     struct Place;
@@ -35,6 +39,8 @@ class TestPattern final : public FrameSource {
     std::uint32_t m_kind;
     std::uint32_t m_hue;
     bool m_backwards;
+    std::optional<std::uint32_t> m_drawn;  ///< the frame that m_picture shows
+    Lamps m_picture;
 };
 
 }  // namespace k4suite

@@ -299,14 +299,4 @@ TEST(EnginePattern, ItMovesAndComesBack) {
     EXPECT_EQ(rig.Picture(), first);
 }
 
-TEST(EnginePattern, TwoNamesLookDifferentAndOneNameLooksTheSame) {
-    EngineRig rig;
-    ASSERT_EQ(rig.Play("S:\\show.SQ4", K4_PLAY_SEQ_SINGLE_STEP), 0);
-    const DibPicture show = rig.Picture();
-    ASSERT_EQ(rig.Play("S:\\film.avi", K4_PLAY_SEQ_SINGLE_STEP), 0);
-    EXPECT_NE(rig.Picture(), show);
-    ASSERT_EQ(rig.Play("S:\\show.SQ4", K4_PLAY_SEQ_SINGLE_STEP), 0);
-    EXPECT_EQ(rig.Picture(), show);
-}
-
 }  // namespace

@@ -9,7 +9,7 @@ using k4test::StatusReply;
 using std::chrono::milliseconds;
 
 constexpr char kShow[] = "S:\\show.SQ4";
-/// The test pattern: 40 frames of 100 ms.
+/// The sequences and the test pattern: 40 frames of 100 ms.
 constexpr milliseconds kFrame(100);
 constexpr milliseconds kOnce(4000);
 
@@ -38,10 +38,11 @@ TEST(EnginePlay, AnIdleSignPlaysTheTestPatternAsItsDefault) {
 
 TEST(EnginePlay, FilesThatCanBePlayed) {
     EngineRig rig;
-    rig.store.Write("UPPER.AVI");
-    rig.store.Write("lower.sq4");
-    rig.store.Write("picture.bmp");
-    rig.store.Write(".SQ4");
+    const std::string sequence = rig.store.Read("show.SQ4");
+    for (const char* name : {"film.avi", "UPPER.AVI", "lower.sq4", "show.bmp", ".SQ4"})
+        rig.store.Write(name, sequence);
+    rig.store.Write("empty.SQ4");
+    rig.store.Write("text.SQ4", "this is no sequence");
     std::filesystem::create_directory(rig.store.Path() / "folder.SQ4");
     struct Row {
         const char* file;
@@ -52,11 +53,14 @@ TEST(EnginePlay, FilesThatCanBePlayed) {
         {"Test Pattern.SQ4", true},
         {"TEST PATTERN.sq4", true},
         {kShow, true},
-        {"S:\\film.avi", true},
-        {"S:\\UPPER.AVI", true},
         {"S:\\lower.sq4", true},
+        {"S:\\.SQ4", true},
+        {"S:\\empty.SQ4", false},
+        {"S:\\text.SQ4", false},
+        {"S:\\film.avi", false},
+        {"S:\\UPPER.AVI", false},
         {"S:\\day.SD4", false},
-        {"S:\\picture.bmp", false},
+        {"S:\\show.bmp", false},
         {"S:\\missing.SQ4", false},
         {"", false},
         {"show.SQ4", false},
@@ -281,16 +285,16 @@ TEST(EnginePlay, ANewDefaultSequenceIsPlayedAtOnceByAnIdleSignAlone) {
     EXPECT_EQ(Where(rig.Status()), "Playing S:\\show.SQ4 2") << "the default goes on and on";
     EXPECT_EQ(rig.DefaultFlag(), 1U);
 
-    ASSERT_EQ(rig.Play("S:\\film.avi", K4_PLAY_SEQ_CONTINUOUS), 0);
+    ASSERT_EQ(rig.Play("S:\\film.SQ4", K4_PLAY_SEQ_CONTINUOUS), 0);
     ASSERT_EQ(
         rig.rpc->k4ssSetDefaultSequence("Main", "Test Pattern.SQ4", K4_PLAY_SEQ_CONTINUOUS, 0), 0);
-    EXPECT_EQ(rig.Status().sequence, "S:\\film.avi");
+    EXPECT_EQ(rig.Status().sequence, "S:\\film.SQ4");
 }
 
 TEST(EnginePlay, ADefaultWhoseFileHasGoneGivesWayToTheTestPattern) {
     EngineRig rig;
     ASSERT_EQ(rig.rpc->k4ssSetDefaultSequence("Main", kShow, K4_PLAY_SEQ_CONTINUOUS, 0), 0);
-    ASSERT_EQ(rig.Play("S:\\film.avi", K4_PLAY_SEQ_PLAY_NEXT), 0);
+    ASSERT_EQ(rig.Play("S:\\film.SQ4", K4_PLAY_SEQ_PLAY_NEXT), 0);
     std::filesystem::remove(rig.store.Path() / "show.SQ4");
     rig.clock.Advance(kOnce);
     EXPECT_EQ(Where(rig.Status()), "Playing Test Pattern.SQ4 1");

@@ -9,7 +9,7 @@ using k4test::StatusReply;
 using std::chrono::milliseconds;
 
 constexpr char kShow[] = "S:\\show.SQ4";
-/// The test pattern: 40 frames of 100 ms.
+/// The sequences and the test pattern: 40 frames of 100 ms.
 constexpr milliseconds kFrame(100);
 constexpr milliseconds kOnce(4000);
 
@@ -22,15 +22,15 @@ TEST(EngineQueue, EntriesAreCarriedOutInOrderAtTheEndsOfSequences) {
     ASSERT_EQ(rig.Play(kShow, K4_PLAY_SEQ_NUM_TIMES, 2), 0);
     ASSERT_EQ(rig.rpc->k4ssQueueWindowEnable("Main", 3, 1), 0);
     ASSERT_EQ(rig.rpc->k4ssQueueWindowMove("Main", 3, 4, 8), 0);
-    ASSERT_EQ(rig.rpc->k4ssQueueSequence("Main", "S:\\film.avi", K4_PLAY_SEQ_PLAY_NEXT, 0), 0);
+    ASSERT_EQ(rig.rpc->k4ssQueueSequence("Main", "S:\\film.SQ4", K4_PLAY_SEQ_PLAY_NEXT, 0), 0);
     ASSERT_EQ(rig.rpc->k4ssQueueWindowEnable("Main", 3, 0), 0);
-    EXPECT_EQ(rig.Queue(), "2\t3\t1\n3\t3\t4\t8\n1\tS:\\film.avi\t9\t0\n2\t3\t0\n");
+    EXPECT_EQ(rig.Queue(), "2\t3\t1\n3\t3\t4\t8\n1\tS:\\film.SQ4\t9\t0\n2\t3\t0\n");
 
     rig.clock.Advance(2 * kOnce - milliseconds(1));
     EXPECT_EQ(rig.Status().sequence, kShow);
     EXPECT_EQ(rig.Window(3)[1], "0");
     rig.clock.Advance(milliseconds(1));
-    EXPECT_EQ(Where(rig.Status()), "Playing S:\\film.avi 1");
+    EXPECT_EQ(Where(rig.Status()), "Playing S:\\film.SQ4 1");
     EXPECT_EQ(rig.Window(3), (std::vector<std::string>{"Quad", "1", "4", "8"}));
     EXPECT_EQ(rig.Queue(), "2\t3\t0\n");
 
@@ -47,7 +47,7 @@ TEST(EngineQueue, WhatEndedLongAgoIsCaughtUpAsIfSomebodyHadWatched) {
         ASSERT_EQ(rig->Play(kShow, K4_PLAY_SEQ_NUM_TIMES, 2), 0);
         for (std::uint32_t times = 1; times <= 3; ++times)
             ASSERT_EQ(
-                rig->rpc->k4ssQueueSequence("Main", "S:\\film.avi", K4_PLAY_SEQ_NUM_TIMES, times),
+                rig->rpc->k4ssQueueSequence("Main", "S:\\film.SQ4", K4_PLAY_SEQ_NUM_TIMES, times),
                 0);
     }
     for (int step = 0; step < 1003; ++step) {
@@ -64,7 +64,7 @@ TEST(EngineQueue, PlayStopGoesOnWithTheQueueAndPlayBlankLeavesItAlone) {
     for (const std::int32_t mode : {K4_PLAY_SEQ_PLAY_STOP, K4_PLAY_SEQ_PLAY_BLANK}) {
         EngineRig rig;
         ASSERT_EQ(rig.Play(kShow, mode), 0);
-        ASSERT_EQ(rig.rpc->k4ssQueueSequence("Main", "S:\\film.avi", K4_PLAY_SEQ_CONTINUOUS, 0), 0);
+        ASSERT_EQ(rig.rpc->k4ssQueueSequence("Main", "S:\\film.SQ4", K4_PLAY_SEQ_CONTINUOUS, 0), 0);
         rig.clock.Advance(kOnce);
         EXPECT_EQ(rig.Status().state, mode == K4_PLAY_SEQ_PLAY_STOP ? "Playing" : "Blank");
         EXPECT_EQ(rig.Queue().empty(), mode == K4_PLAY_SEQ_PLAY_STOP);
@@ -73,7 +73,7 @@ TEST(EngineQueue, PlayStopGoesOnWithTheQueueAndPlayBlankLeavesItAlone) {
 
 TEST(EngineQueue, AQueuedFileThatHasGoneIsPassedOver) {
     EngineRig rig;
-    ASSERT_EQ(rig.Play("S:\\film.avi", K4_PLAY_SEQ_PLAY_NEXT), 0);
+    ASSERT_EQ(rig.Play("S:\\film.SQ4", K4_PLAY_SEQ_PLAY_NEXT), 0);
     ASSERT_EQ(rig.rpc->k4ssQueueSequence("Main", kShow, K4_PLAY_SEQ_CONTINUOUS, 0), 0);
     ASSERT_EQ(rig.rpc->k4ssQueueSequence("Main", "Test Pattern.SQ4", K4_PLAY_SEQ_PLAY_STOP, 0), 0);
     std::filesystem::remove(rig.store.Path() / "show.SQ4");
@@ -148,7 +148,7 @@ TEST(EngineSchedule, RunningOneShowsInTheRepliesAndMovesItsFlag) {
     EXPECT_EQ(second, 16U);
     EXPECT_EQ(word, 1U);
 
-    const std::string content = "08:00 show.SQ4\n";
+    const std::string content = k4test::kDaySchedule;
     std::vector<std::uint8_t> bytes(100);
     std::uint32_t length = 100;
     ASSERT_EQ(rig.rpc->k4ssGetSchedule("Main", &word, bytes.data(), &length), 0);
@@ -173,21 +173,20 @@ TEST(EngineSchedule, RunningOneShowsInTheRepliesAndMovesItsFlag) {
 
 TEST(EngineSchedule, OnlyScheduleFilesOfASaneLengthRun) {
     EngineRig rig;
-    rig.store.Write("longest.sd4", std::string(64 * 1024, 'x'));
-    rig.store.Write("longer.SD4", std::string(64 * 1024 + 1, 'x'));
+    const std::string mark = "K4 schedule 1\n";
+    rig.store.Write("longest.sd4", mark + std::string(64 * 1024 - mark.size(), '\n'));
+    rig.store.Write("longer.SD4", mark + std::string(64 * 1024 + 1 - mark.size(), '\n'));
     rig.store.Write("empty.SD4");
+    rig.store.Write("mark.SD4", mark);
+    rig.store.Write("day.txt", k4test::kDaySchedule);
     struct Row {
         const char* file;
         bool runs;
     };
     constexpr Row rows[] = {
-        {"S:\\day.SD4", true},
-        {"S:\\longest.sd4", true},
-        {"S:\\empty.SD4", true},
-        {"S:\\longer.SD4", false},
-        {"S:\\show.SQ4", false},
-        {"S:\\missing.SD4", false},
-        {"", false},
+        {"S:\\day.SD4", true},    {"S:\\longest.sd4", true},  {"S:\\mark.SD4", true},
+        {"S:\\empty.SD4", false}, {"S:\\day.txt", false},     {"S:\\longer.SD4", false},
+        {"S:\\show.SQ4", false},  {"S:\\missing.SD4", false}, {"", false},
         {"day.SD4", false},
     };
     for (const Row& row : rows)

@@ -5,6 +5,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
+#include <map>
+
+#include "tests/suite/signservice/SequenceFiles.h"
 
 namespace k4test {
 
@@ -27,6 +30,18 @@ std::uint32_t WordAt(const std::vector<char>& bytes, std::size_t at) {
     std::uint32_t word = 0;
     std::memcpy(&word, bytes.data() + at, sizeof word);
     return word;
+}
+
+/// A sequence file for "Main", made once.
+const std::string& SequenceForMain(std::uint32_t seed) {
+    static std::map<std::uint32_t, std::string> made;
+    std::string& content = made[seed];
+    if (content.empty()) {
+        const TempFolder folder;
+        WriteSequence(folder / "made.SQ4", RigSettings().services[0].signs[0].settings, 40, seed);
+        content = folder.Read("made.SQ4");
+    }
+    return content;
 }
 
 std::uint32_t NumberOf(const std::string& text) {
@@ -73,9 +88,9 @@ EngineRig::EngineRig(k4suite::MachineSettings machineSettings)
     // Hours are hours of this zone.
     setenv("TZ", "UTC", 1);
     tzset();
-    store.Write("show.SQ4", "frames");
-    store.Write("film.avi", "frames");
-    store.Write("day.SD4", "08:00 show.SQ4\n");
+    store.Write("show.SQ4", SequenceForMain(1));
+    store.Write("film.SQ4", SequenceForMain(2));
+    store.Write("day.SD4", kDaySchedule);
     Restart();
 }
 
@@ -192,7 +207,7 @@ void EngineRig::KeepBusy() {
     Expect(rpc->k4ssQueueSequence(main, "S:\\show.SQ4", K4_PLAY_SEQ_NUM_TIMES, 0xFFFFFFFF) == 0);
     Expect(rpc->k4ssQueueWindowEnable(main, 2, 0) == 0);
     Expect(rpc->k4ssQueueWindowMove(main, 3, -1, -2) == 0);
-    Expect(rpc->k4ssSetDefaultSequence(main, "S:\\film.avi", K4_PLAY_SEQ_NUM_TIMES, 12) == 0);
+    Expect(rpc->k4ssSetDefaultSequence(main, "S:\\film.SQ4", K4_PLAY_SEQ_NUM_TIMES, 12) == 0);
     Expect(rpc->k4ssRunSchedule(main, "S:\\day.SD4", 0) == 0);
     Expect(Play("S:\\show.SQ4", K4_PLAY_SEQ_NUM_TIMES, 3) == 0);
 }

@@ -40,8 +40,12 @@ struct DibPicture {
     bool operator==(const DibPicture&) const = default;
 };
 
+/// What "S:\\day.SD4" says: nothing that is in force at once.
+inline constexpr char kDaySchedule[] = "K4 schedule 1\nat 20:00 sun next\n";
+
 /// An engine with its surroundings, connected to "Local"; time is driven, and stands still. The
-/// store holds "S:\show.SQ4", "S:\film.avi" and "S:\day.SD4".
+/// store holds the sequences "S:\show.SQ4" and "S:\film.SQ4", made for "Main" with 40 frames of 100
+/// ms, and the schedule "S:\day.SD4" (see kDaySchedule).
 class EngineRig {
  public:
     explicit EngineRig(k4suite::MachineSettings settings = RigSettings());

@@ -64,13 +64,13 @@ TEST(EngineState, TimeGoesOnWhileTheServiceIsDown) {
     EngineRig stopped;
     for (EngineRig* rig : {&stayed, &stopped}) {
         ASSERT_EQ(rig->Play(kShow, K4_PLAY_SEQ_NUM_TIMES, 2), 0);
-        ASSERT_EQ(rig->rpc->k4ssQueueSequence("Main", "S:\\film.avi", K4_PLAY_SEQ_CONTINUOUS, 0),
+        ASSERT_EQ(rig->rpc->k4ssQueueSequence("Main", "S:\\film.SQ4", K4_PLAY_SEQ_CONTINUOUS, 0),
                   0);
         rig->clock.Advance(std::chrono::hours(3) + milliseconds(777));
     }
     stopped.Restart();
     EXPECT_EQ(All(stopped), All(stayed));
-    EXPECT_EQ(stopped.Status().sequence, "S:\\film.avi");
+    EXPECT_EQ(stopped.Status().sequence, "S:\\film.SQ4");
 }
 
 TEST(EngineState, StatesThatStandSurviveToo) {
@@ -118,8 +118,8 @@ TEST(EngineState, WhatIsPlayingMayHaveGone) {
     rig.KeepBusy();
     fs::remove(rig.store.Path() / "show.SQ4");
     rig.Restart();
-    EXPECT_EQ(rig.Status().sequence, "S:\\film.avi") << "the default";
-    fs::remove(rig.store.Path() / "film.avi");
+    EXPECT_EQ(rig.Status().sequence, "S:\\film.SQ4") << "the default";
+    fs::remove(rig.store.Path() / "film.SQ4");
     rig.Restart();
     EXPECT_EQ(rig.Status().sequence, "Test Pattern.SQ4");
     EXPECT_EQ(rig.DefaultFlag(), 1U);
@@ -127,17 +127,17 @@ TEST(EngineState, WhatIsPlayingMayHaveGone) {
 
 TEST(EngineState, AScheduleIsKeptAsItWasWhenItWasStarted) {
     EngineRig rig;
-    std::string content;
-    for (int byte = 0; byte < 256; ++byte)
-        content += static_cast<char>(byte);
+    std::string content = "K4 schedule 1\r\n# ";
+    for (char32_t letter = 0xA0; letter < 0x200; ++letter)
+        content += {static_cast<char>(0xC0 | letter >> 6), static_cast<char>(0x80 | (letter & 63))};
     rig.store.Write("bytes.SD4", content);
     ASSERT_EQ(rig.rpc->k4ssRunSchedule("Main", "S:\\bytes.SD4", 0), 0);
     fs::remove(rig.store.Path() / "bytes.SD4");
     rig.Restart();
-    std::vector<std::uint8_t> bytes(256);
-    std::uint32_t length = 256;
+    std::vector<std::uint8_t> bytes(1000);
+    std::uint32_t length = 1000;
     ASSERT_EQ(rig.rpc->k4ssGetSchedule("Main", nullptr, bytes.data(), &length), 0);
-    EXPECT_EQ(std::string(bytes.begin(), bytes.end()), content);
+    EXPECT_EQ(std::string(bytes.begin(), bytes.begin() + length), content);
 }
 
 TEST(EngineState, ASignThatChangedSizeBringsItsWindowsIntoReach) {

@@ -7,8 +7,8 @@
 
 namespace k4test {
 
-/// A store that is one folder: the path "S:\x" is the file "x" in it. Only what the sign service
-/// asks of a store works.
+/// A store that is one folder: the path "S:\x" is the file "x" in it, "S:\y\x" the file "y\x"
+/// (there are no folders inside). Only what the sign service asks of a store works.
 class FolderStore final : public k4cmn::FilesProvider {
  public:
     std::string NativePath(const std::string& path) override {
@@ -17,6 +17,7 @@ class FolderStore final : public k4cmn::FilesProvider {
     std::filesystem::path Write(const std::string& name, const std::string& content = {}) {
         return m_folder.Write(name, content);
     }
+    std::string Read(const std::string& name) const { return m_folder.Read(name); }
     const std::filesystem::path& Path() const { return m_folder.Path(); }
 
     std::string LibraryOf(const std::string&) override { return {}; }
@@ -29,7 +30,11 @@ class FolderStore final : public k4cmn::FilesProvider {
                           const std::string&) override {
         return {};
     }
-    std::string GetFullPath(const std::string&, const std::string&) override { return {}; }
+    std::string GetFullPath(const std::string& path, const std::string& referrer) override {
+        return path.empty() || path.starts_with("S:")
+                   ? path
+                   : referrer.substr(0, referrer.find_last_of('\\') + 1) + path;
+    }
     int FindFiles(std::vector<std::string>&, const std::string&, int) override { return 0; }
     int IsColorAndPixelTechValid(tag_K4_SIGN_COLOR, tag_K4_PIXEL_TECH) override { return 0; }
 

@@ -5,6 +5,7 @@
 #include <random>
 #include <set>
 
+#include "suite/signservice/Lowered.h"
 #include "suite/signservice/TestPattern.h"
 
 namespace {
@@ -141,21 +142,22 @@ TEST(Shades, DimmingLowersInProportionAndKeepsLampsLit) {
     EXPECT_EQ(shades.lamps.At(0, 0)[0], 1);
 }
 
+TEST(Lowered, IsTheRoundedProportionAndLitStaysLit) {
+    for (unsigned brightness = 0; brightness <= 255; ++brightness)
+        for (unsigned value = 0; value <= 255; ++value) {
+            const unsigned lowered = (value * brightness + 127) / 255;
+            ASSERT_EQ(
+                Lowered(static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(brightness)),
+                value != 0 && lowered == 0 ? 1 : lowered)
+                << value << " " << brightness;
+        }
+}
+
 TEST(Shades, FullBrightnessChangesNothing) {
     Lamps light = Noise(9, 9);
     const Lamps before = light;
     DimLight(light, 255);
     EXPECT_EQ(light, before);
-}
-
-TEST(Shades, ResizingTakesTheNearestLamp) {
-    Lamps from(1, 2);
-    from.All() = {{255, 0, 0}, {0, 255, 0}};
-    const Lamps wide = Resized(from, 2, 4);
-    EXPECT_EQ(wide.At(1, 1), (Rgb{255, 0, 0}));
-    EXPECT_EQ(wide.At(1, 2), (Rgb{0, 255, 0}));
-    EXPECT_EQ(Resized(from, 1, 2), from);
-    EXPECT_EQ(Resized(Lamps(), 2, 2), Lamps(2, 2));
 }
 
 TEST(TestPattern, FillsSignsOfAnySizeAndTechnology) {
