@@ -10,14 +10,18 @@ namespace k4ctl {
 
 /// What the help says about a command.
 struct CommandText {
-    const char* name;
+    const char* name;  ///< a word, or a group's name and a word: "sequence make"
     const char* summary;
     const char* examples;  ///< whole lines
 };
 
 /// One command of the program: its arguments, which the command line fills, and what it does with
-/// them. Knows the library's exported clients and nothing that stands behind them, so that it works
-/// on whatever is installed. Used once, on the main thread.
+/// them. Used once, on the main thread.
+///
+/// A command on signs knows the library's exported clients and nothing that stands behind them, so
+/// that it works on whatever is installed; the program chooses what that is. A command on files
+/// works with the parts of the suite that it is made of, stands in a library of its own
+/// (`sequence/`), and is added by the program.
 class Command {
  public:
     Command();
@@ -29,6 +33,9 @@ class Command {
     /// Declares the command's arguments. They are filled while the command line is parsed; one that
     /// can't be read ends the parsing with CLI::ValidationError.
     virtual void AddArguments(CLI::App& app) = 0;
+    /// Whether it asks the services of a data home. One that doesn't is run without a suite, so
+    /// that it neither makes a home nor holds its services, and needs none.
+    virtual bool UsesServices() const { return true; }
     /// Does what was asked for, blocking until the service has answered.
     virtual Answer Run() const = 0;
 };

@@ -19,7 +19,8 @@ struct Invocation {
 /// Understands a command line. Help and version go to `out`; what can't be understood is told on
 /// `err`, with code Usage. Opens nothing, so that a mistyped line has no effect.
 /// @param arguments what stands behind the program's name.
+/// @param further   commands beside those on signs, behind which they are listed.
 Invocation ParseCommandLine(std::vector<std::string> arguments, std::ostream& out,
-                            std::ostream& err);
+                            std::ostream& err, std::vector<std::unique_ptr<Command>> further = {});
 
 }  // namespace k4ctl

@@ -12,7 +12,9 @@
 
 #include "apps/k4ctl/CommandLine.h"
 #include "apps/k4ctl/Console.h"
+#include "apps/k4ctl/ScheduleCommand.h"
 #include "apps/k4ctl/Session.h"
+#include "apps/k4ctl/sequence/SequenceCommands.h"
 
 namespace {
 
@@ -25,13 +27,18 @@ void UseUtf8() {
 }
 
 int Run(std::vector<std::string> arguments) {
+    const k4suite::DataHome home = k4suite::DataHome::FromEnvironment();
+    const k4ctl::FilePlaces places = k4ctl::PlacesOf(home);
+    std::vector<std::unique_ptr<k4ctl::Command>> onFiles = k4ctl::SequenceCommands(places);
+    onFiles.push_back(std::make_unique<k4ctl::ScheduleCommand>(places));
     const k4ctl::Invocation invocation =
-        k4ctl::ParseCommandLine(std::move(arguments), std::cout, std::cerr);
+        k4ctl::ParseCommandLine(std::move(arguments), std::cout, std::cerr, std::move(onFiles));
     if (!invocation.command) {
         return static_cast<int>(invocation.code);
     }
-    const k4ctl::Answer answer =
-        k4ctl::RunOnHome(k4suite::DataHome::FromEnvironment(), *invocation.command, std::cerr);
+    const k4ctl::Answer answer = invocation.command->UsesServices()
+                                     ? k4ctl::RunOnHome(home, *invocation.command, std::cerr)
+                                     : invocation.command->Run();
     return static_cast<int>(k4ctl::WriteAnswer(answer, invocation.json, std::cout, std::cerr));
 }
 

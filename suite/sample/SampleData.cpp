@@ -7,6 +7,7 @@
 
 #include "suite/settings/FileLock.h"
 #include "suite/store/FolderFiles.h"
+#include "suite/store/UnfinishedCopy.h"
 
 namespace k4suite {
 
@@ -42,7 +43,18 @@ constexpr std::array kHarbourGateSigns{
     SignRow{"Berth 1",     16,  64, K4_SIGN_COLOR_TRI3,   K4_PIXEL_TECH_LED,     "Pier 1"},
     SignRow{"Tide",        16,  48, K4_SIGN_COLOR_MONO1,  K4_PIXEL_TECH_REFLECT, "Lighthouse"},
 };
+/// Signs that hang nowhere any more. Their sequences are kept, and are of sizes and technologies
+/// that no sign has.
+constexpr std::array kArchivedSigns{
+    SignRow{"",            64, 128, K4_SIGN_COLOR_RGB16MB, K4_PIXEL_TECH_LED,    ""},
+    SignRow{"",            32, 128, K4_SIGN_COLOR_RGB4K,   K4_PIXEL_TECH_LED,    ""},
+    SignRow{"",            48,  96, K4_SIGN_COLOR_QUAD256, K4_PIXEL_TECH_INCAND, ""},
+    SignRow{"",            32,  96, K4_SIGN_COLOR_MONO64,  K4_PIXEL_TECH_LED,    ""},
+    SignRow{"",            24,  80, K4_SIGN_COLOR_TRI256,  K4_PIXEL_TECH_LED,    ""},
+};
 // clang-format on
+
+constexpr const char* kArchive = "\\\\TOWER\\ARCHIVE";
 
 constexpr std::array kLibraries{"Default", "Events", "Safety"};
 constexpr std::array kPaletteLibraries{"Default", "Events"};
@@ -65,26 +77,65 @@ ServiceSetup Service(const char* name, std::vector<std::string> servers,
     return service;
 }
 
-/// Makes a sign type folder with its libraries. Throws what the file system throws.
-void MakeSignType(FolderFiles& store, const std::string& server, const k4cmn::SignSettings& sign,
-                  int palette, std::span<const char* const> libraries) {
-    const std::string type =
-        store.BuildSign(sign.rows, sign.columns, sign.color, sign.pixel, palette);
-    for (const char* library : libraries)
-        fs::create_directories(
-            store.NativePath(server + "\\" + type + ".Sign\\" + library + ".Lib"));
-}
-
-void MakeStores(const DataHome& home, const MachineSettings& machines) {
-    FolderFiles store(home);
-    for (const ServiceSetup& service : machines.services) {
-        for (const std::string& server : service.servers) {
-            for (const SignSetup& sign : service.signs) {
-                MakeSignType(store, server, sign.settings, 0, kLibraries);
-                MakeSignType(store, server, sign.settings, 1, kPaletteLibraries);
-            }
+/// Copies what lies in a folder and below it, but for files that are there already. A file appears
+/// whole or not at all. Throws what the file system throws.
+void CopyContent(const fs::path& from, const fs::path& to) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(from)) {
+        const fs::path target = to / entry.path().filename();
+        if (entry.is_directory()) {
+            fs::create_directories(target);
+            CopyContent(entry.path(), target);
+        } else if (!fs::exists(fs::symlink_status(target))) {
+            // Unlike the files of people, these aren't worth a wait for the disk.
+            const fs::path unfinished =
+                to / (std::string(kUnfinishedCopy) + target.filename().string());
+            fs::copy_file(entry.path(), unfinished, fs::copy_options::overwrite_existing);
+            fs::rename(unfinished, target);
         }
     }
+}
+
+/// Fills stores with sign type folders. Its operations throw what the file system throws.
+class StoreFiller {
+ public:
+    /// @param content where sequences lie, in the folders of a server; need not be there.
+    StoreFiller(const DataHome& home, const fs::path& content)
+        : m_files(home), m_content(content) {}
+
+    /// Makes the folders of a sign type, with the libraries and what lies in them.
+    void AddSignType(const std::string& server, const k4cmn::SignSettings& sign) {
+        AddLibraries(server, sign, 0, kLibraries);
+        AddLibraries(server, sign, 1, kPaletteLibraries);
+        const std::string folder = FolderOf(sign, 0);
+        if (!m_content.empty() && fs::is_directory(m_content / folder))
+            CopyContent(m_content / folder, m_files.NativePath(server + "\\" + folder));
+    }
+
+ private:
+    std::string FolderOf(const k4cmn::SignSettings& sign, int palette) {
+        return m_files.BuildSign(sign.rows, sign.columns, sign.color, sign.pixel, palette) +
+               ".Sign";
+    }
+
+    void AddLibraries(const std::string& server, const k4cmn::SignSettings& sign, int palette,
+                      std::span<const char* const> libraries) {
+        for (const char* library : libraries)
+            fs::create_directories(m_files.NativePath(server + "\\" + FolderOf(sign, palette) +
+                                                      "\\" + library + ".Lib"));
+    }
+
+    FolderFiles m_files;
+    const fs::path m_content;
+};
+
+void MakeStores(const DataHome& home, const MachineSettings& machines, const fs::path& content) {
+    StoreFiller filler(home, content);
+    for (const ServiceSetup& service : machines.services)
+        for (const std::string& server : service.servers)
+            for (const SignSetup& sign : service.signs)
+                filler.AddSignType(server, sign.settings);
+    for (const SignSetup& sign : Service("", {}, kArchivedSigns).signs)
+        filler.AddSignType(kArchive, sign.settings);
 }
 
 bool HasData(const DataHome& home) {
@@ -110,7 +161,13 @@ MachineSettings SampleMachines() {
     return machines;
 }
 
-int SeedSampleData(const DataHome& home, std::string* problem) {
+fs::path SampleContentFolder() {
+    std::error_code failed;
+    const fs::path program = fs::read_symlink("/proc/self/exe", failed);
+    return failed ? fs::path() : program.parent_path().parent_path() / "share/k4400/sample";
+}
+
+int SeedSampleData(const DataHome& home, std::string* problem, const fs::path& content) {
     try {
         if (problem)
             problem->clear();
@@ -124,7 +181,7 @@ int SeedSampleData(const DataHome& home, std::string* problem) {
         if (HasData(home))
             return 1;
         const MachineSettings machines = SampleMachines();
-        MakeStores(home, machines);
+        MakeStores(home, machines, content);
         if (!WriteMachineSettings(home, machines))
             return Failed(problem, home.MachineSettings().string() + " can't be written.");
         return 1;

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <fstream>
 #include <iterator>
 #include <ostream>
 #include <random>
@@ -11,15 +10,17 @@
 
 #include "k4cmndlg/clients/contracts/K4SSRpc.h"
 #include "tests/apps/k4ctl/CommandRun.h"
+#include "tests/apps/k4ctl/Examples.h"
 #include "tests/support/RecordingSSRpc.h"
 
 namespace {
 
 using k4ctl::ExitCode;
 using k4test::CommandRun;
+using k4test::Examples;
+using k4test::Words;
 using testing::HasSubstr;
 using testing::StartsWith;
-using Words = std::vector<std::string>;
 
 constexpr const char* kCommands[] = {"signs", "status", "config", "windows", "queue",  "play",
                                      "stop",  "blank",  "dim",    "window",  "default"};
@@ -34,7 +35,7 @@ TEST(Help, OfTheProgramListsEveryCommandWithExamplesAndExitCodes) {
     EXPECT_THAT(run.out, HasSubstr("Examples:\n  k4ctl signs"));
     EXPECT_THAT(run.out, HasSubstr("Exit codes:\n"
                                    "  0  done\n"
-                                   "  1  the service refused or failed\n"
+                                   "  1  refused, or failed\n"
                                    "  2  the command line can't be understood\n"
                                    "  3  the service is unavailable\n"));
     EXPECT_THAT(run.out, HasSubstr("K4_HOME"));
@@ -53,50 +54,6 @@ TEST(Help, OfACommandHasItsExamplesAndTheExitCodes) {
     }
 }
 
-/// The words of a line as a shell splits it, as far as the examples need it: both kinds of quotes,
-/// and backslashes that stand for themselves.
-Words ShellWords(const std::string& line) {
-    Words words;
-    char quote = 0;
-    bool inWord = false;
-    for (const char each : line) {
-        if (quote ? each == quote : each == '"' || each == '\'') {
-            quote = quote ? '\0' : each;
-            inWord = inWord || (words.emplace_back(), true);
-        } else if (!quote && each == ' ') {
-            inWord = false;
-        } else {
-            inWord = inWord || (words.emplace_back(), true);
-            words.back() += each;
-        }
-    }
-    return words;
-}
-
-/// The lines of a text that call the program, each as its arguments; what stands behind three
-/// blanks explains the line.
-std::vector<Words> Examples(const std::string& text, const std::string& indent) {
-    std::vector<Words> examples;
-    const std::string start = indent + "k4ctl ";
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);) {
-        if (line.starts_with(start))
-            examples.push_back(ShellWords(
-                line.substr(start.size(), line.find("   ", start.size()) - start.size())));
-    }
-    return examples;
-}
-
-void ExpectUnderstood(const std::vector<Words>& examples) {
-    for (const Words& example : examples) {
-        std::ostringstream out;
-        std::ostringstream err;
-        const k4ctl::Invocation invocation = k4ctl::ParseCommandLine(example, out, err);
-        EXPECT_EQ(invocation.code, ExitCode::Done) << testing::PrintToString(example) << err.str();
-        EXPECT_TRUE(invocation.command || !out.str().empty()) << testing::PrintToString(example);
-    }
-}
-
 TEST(Help, ShowsExamplesThatAreUnderstood) {
     std::vector<Words> helps = {{"--help"}};
     for (const char* command : kCommands)
@@ -105,20 +62,7 @@ TEST(Help, ShowsExamplesThatAreUnderstood) {
         const std::string text = CommandRun(help).out;
         const std::vector<Words> examples = Examples(text.substr(text.find("Examples:\n")), "  ");
         ASSERT_FALSE(examples.empty()) << help.front();
-        ExpectUnderstood(examples);
-    }
-}
-
-TEST(Manual, ShowsExamplesThatAreUnderstoodForEveryCommand) {
-    std::ifstream file(K4CTL_MANUAL);
-    ASSERT_TRUE(file) << K4CTL_MANUAL;
-    const std::string text(std::istreambuf_iterator<char>(file), {});
-    const std::vector<Words> examples = Examples(text, "");
-    ExpectUnderstood(examples);
-    for (const char* command : kCommands) {
-        EXPECT_TRUE(std::any_of(examples.begin(), examples.end(), [&](const Words& example) {
-            return !example.empty() && example[0] == command;
-        })) << command;
+        k4test::ExpectUnderstood(examples, {});
     }
 }
 

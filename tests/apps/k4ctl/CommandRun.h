@@ -2,6 +2,7 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -18,11 +19,13 @@ struct CommandRun {
     std::string out;
     std::string err;
 
-    explicit CommandRun(std::vector<std::string> arguments) {
+    /// @param further commands beside those on signs.
+    explicit CommandRun(std::vector<std::string> arguments,
+                        std::vector<std::unique_ptr<k4ctl::Command>> further = {}) {
         std::ostringstream outStream;
         std::ostringstream errStream;
         const k4ctl::Invocation invocation =
-            k4ctl::ParseCommandLine(std::move(arguments), outStream, errStream);
+            k4ctl::ParseCommandLine(std::move(arguments), outStream, errStream, std::move(further));
         code = invocation.command ? k4ctl::WriteAnswer(invocation.command->Run(), invocation.json,
                                                        outStream, errStream)
                                   : invocation.code;

@@ -1,5 +1,9 @@
 #include "tests/apps/k4ctl/K4ctlProcess.h"
 
+#include <gtest/gtest.h>
+
+#include "suite/sequence/SequenceWriter.h"
+
 namespace k4test {
 namespace {
 
@@ -32,6 +36,19 @@ K4ctlRun K4ctlProcess::Finish(QProcess& process) {
 QString K4ctlProcess::AddFile(const std::string& name, const std::string& content) const {
     m_folder.Write("home/drives/A/" + name, content);
     return QString::fromStdString("A:\\" + name);
+}
+
+QString K4ctlProcess::AddSequence(const std::string& name) const {
+    const QString path = AddFile(name);
+    k4suite::SequenceFacts facts;
+    facts.rows = 8;
+    facts.columns = 16;
+    k4suite::SequenceWriter writer((Home() / "drives" / "A" / name).string(), facts);
+    for (std::uint8_t frame = 0; frame < 10; ++frame)
+        EXPECT_TRUE(
+            writer.AddGraphic(k4cmn::kGraphicFrame, 1000, std::vector<std::uint8_t>(16, frame)));
+    EXPECT_TRUE(writer.Finish()) << writer.Problem();
+    return path;
 }
 
 K4ctlRun K4ctlProcess::Run(const QStringList& arguments) const {

@@ -33,6 +33,10 @@ class K4ctlProcess {
     /// @return its path in the store.
     QString AddFile(const std::string& name, const std::string& content = "any") const;
 
+    /// Puts a sequence of ten frames of a second each on the home's drive A:.
+    /// @return its path in the store.
+    QString AddSequence(const std::string& name) const;
+
     /// Runs it to its end.
     K4ctlRun Run(const QStringList& arguments) const;
     /// Runs it with its standard output in a file.

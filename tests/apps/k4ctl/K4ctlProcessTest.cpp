@@ -137,8 +137,8 @@ TEST_F(K4ctl, WindowsHoldInTheNextRun) {
 
 TEST_F(K4ctl, TheQueueHoldsInTheNextRun) {
     const QString sign = FirstSign();
-    const QString first = program.AddFile("First.SQ4");
-    const QString second = program.AddFile("Second.SQ4");
+    const QString first = program.AddSequence("First.SQ4");
+    const QString second = program.AddSequence("Second.SQ4");
     const QString queue = QStringLiteral("queue");
     EXPECT_EQ(Good({queue, sign}).out, "The queue is empty.\n");
     Good({queue, sign, QStringLiteral("--add"), first, QStringLiteral("--mode"),
@@ -171,7 +171,7 @@ TEST_F(K4ctl, TheQueueHoldsInTheNextRun) {
 
 TEST_F(K4ctl, TheDefaultSequenceHoldsInTheNextRun) {
     const QString sign = FirstSign();
-    const QString file = program.AddFile("Idle.SQ4");
+    const QString file = program.AddSequence("Idle.SQ4");
     EXPECT_EQ(GoodJson({QStringLiteral("default"), sign})[QLatin1String("plays")].toBool(), true);
     Good({QStringLiteral("default"), sign, file, QStringLiteral("--mode"),
           QStringLiteral("play-stop"), QStringLiteral("--param"), QStringLiteral("9")});
@@ -186,7 +186,7 @@ TEST_F(K4ctl, TheDefaultSequenceHoldsInTheNextRun) {
 TEST_F(K4ctl, WhatPlaysStopsAndIsBlankedHoldsInTheNextRun) {
     const QString sign = FirstSign();
     const std::string name = sign.toStdString();
-    const QString file = program.AddFile("Goal.SQ4");
+    const QString file = program.AddSequence("Goal.SQ4");
     const auto status = [&] { return GoodJson({QStringLiteral("status"), sign}); };
     const QString state = QStringLiteral("state");
 
@@ -220,14 +220,45 @@ TEST_F(K4ctl, WhatPlaysStopsAndIsBlankedHoldsInTheNextRun) {
 
 TEST_F(K4ctl, ASchedulePlaysUntilItIsEnded) {
     const QString sign = FirstSign();
-    const QString file = program.AddFile("Evening.SD4");
+    const QString file = program.AddFile("Evening.SD4", "K4 schedule 1\nat 00:00 play Goal.SQ4\n");
+    program.AddSequence("Goal.SQ4");
     const auto schedule = [&] {
         return GoodJson({QStringLiteral("status"), sign})[QLatin1String("schedule")].toString();
     };
     Good({QStringLiteral("play"), sign, file});
     EXPECT_EQ(schedule(), file);
+    EXPECT_EQ(GoodJson({QStringLiteral("status"), sign})[QLatin1String("sequence")].toString(),
+              QStringLiteral("A:\\Goal.SQ4"))
+        << "since midnight";
     Good({QStringLiteral("stop"), sign, QStringLiteral("--schedule")});
     EXPECT_EQ(schedule(), QString());
+}
+
+TEST_F(K4ctl, AScheduleWithABadLineIsRefusedAndTheCheckSaysWhy) {
+    const QString sign = FirstSign();
+    const QString file = program.AddFile("Bad.SD4", "K4 schedule 1\nat midnight blank\n");
+    K4ctlRun run = program.Run({QStringLiteral("play"), sign, file});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.err, "k4ctl: Could not run schedule\n");
+    run = program.Run({QStringLiteral("schedule"), QStringLiteral("check"), file});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.err, "k4ctl: \"A:\\Bad.SD4\" has 1 bad line.\n");
+    EXPECT_THAT(run.out, HasSubstr("   2  \"midnight\" is no time of day;"));
+}
+
+TEST_F(K4ctl, CheckingAScheduleMakesNoDataHome) {
+    const K4ctlRun run = program.Run(
+        {QStringLiteral("schedule"), QStringLiteral("check"), QStringLiteral("/nowhere.SD4")});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_FALSE(std::filesystem::exists(program.Home()));
+}
+
+TEST_F(K4ctl, AFilmIsRefused) {
+    const QString sign = FirstSign();
+    const K4ctlRun run =
+        program.Run({QStringLiteral("play"), sign, program.AddFile("Film.AVI", "RIFF")});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.err, "k4ctl: Could not play sequence\n");
 }
 
 TEST_F(K4ctl, PlaysAScriptWithoutAnEffect) {

@@ -34,10 +34,15 @@ class Sample : public testing::Test {
     k4test::TempFolder folder;
     DataHome home{folder / "home"};
     std::string problem = "old";
+
+    /// Seeds with the content that lies in the folder "content", if there is any.
+    int Seed(std::string* words = nullptr) {
+        return SeedSampleData(home, words, folder / "content");
+    }
 };
 
 TEST_F(Sample, NewHomeGetsTheMachines) {
-    ASSERT_EQ(SeedSampleData(home, &problem), 1);
+    ASSERT_EQ(Seed(&problem), 1);
     EXPECT_EQ(problem, "");
     MachineSettings machine;
     ASSERT_EQ(ReadMachineSettings(home, machine, &problem), 1);
@@ -93,7 +98,7 @@ TEST_F(Sample, FirstSignOfEachMachineHasRoomForTheOthers) {
 }
 
 TEST_F(Sample, EachSignHasItsFolderAndItsPaletteTwinOnEachServer) {
-    ASSERT_EQ(SeedSampleData(home, nullptr), 1);
+    ASSERT_EQ(Seed(), 1);
     FolderFiles store(home);
     for (const ServiceSetup& service : SampleMachines().services) {
         for (const std::string& server : service.servers) {
@@ -116,7 +121,7 @@ TEST_F(Sample, EachSignHasItsFolderAndItsPaletteTwinOnEachServer) {
 }
 
 TEST_F(Sample, FoldersTakeFurtherLibraries) {
-    ASSERT_EQ(SeedSampleData(home, nullptr), 1);
+    ASSERT_EQ(Seed(), 1);
     FolderFiles store(home);
     const std::string library = store.NativePath("A:\\64x192.RGB16M.LED.Sign\\Mine.Lib");
     EXPECT_TRUE(fs::create_directory(library));
@@ -125,10 +130,10 @@ TEST_F(Sample, FoldersTakeFurtherLibraries) {
 }
 
 TEST_F(Sample, SecondCallTouchesNothing) {
-    ASSERT_EQ(SeedSampleData(home, nullptr), 1);
+    ASSERT_EQ(Seed(), 1);
     fs::remove_all(home.Drives());
     const auto before = Contents(home.Path());
-    EXPECT_EQ(SeedSampleData(home, &problem), 1);
+    EXPECT_EQ(Seed(&problem), 1);
     EXPECT_EQ(problem, "");
     EXPECT_EQ(Contents(home.Path()), before);
 }
@@ -136,17 +141,17 @@ TEST_F(Sample, SecondCallTouchesNothing) {
 TEST_F(Sample, HomeWithOwnMachinesIsNotTouched) {
     folder.Write("home/settings/machine.ini", "[Service1]\nName=Mine\n");
     const auto before = Contents(home.Path());
-    EXPECT_EQ(SeedSampleData(home, &problem), 1);
+    EXPECT_EQ(Seed(&problem), 1);
     EXPECT_EQ(Contents(home.Path()), before);
 }
 
 TEST_F(Sample, HomeWithDamagedMachinesIsNotTouchedEvenOnceTheyAreSetAside) {
     folder.Write("home/settings/machine.ini", "nonsense");
-    EXPECT_EQ(SeedSampleData(home, &problem), 1);
+    EXPECT_EQ(Seed(&problem), 1);
     EXPECT_EQ(folder.Read("home/settings/machine.ini"), "nonsense");
     MachineSettings machine;
     EXPECT_EQ(ReadMachineSettings(home, machine, nullptr), 0);
-    EXPECT_EQ(SeedSampleData(home, &problem), 1);
+    EXPECT_EQ(Seed(&problem), 1);
     EXPECT_FALSE(fs::exists(home.MachineSettings()));
     EXPECT_FALSE(fs::exists(home.Drives()));
 }
@@ -154,7 +159,7 @@ TEST_F(Sample, HomeWithDamagedMachinesIsNotTouchedEvenOnceTheyAreSetAside) {
 TEST_F(Sample, HalfFilledHomeIsCompletedAndItsFilesStay) {
     const fs::path kept =
         folder.Write("home/drives/A/64x192.RGB16M.LED.Sign/Default.Lib/Mine.SQ4", "my sequence");
-    ASSERT_EQ(SeedSampleData(home, nullptr), 1);
+    ASSERT_EQ(Seed(), 1);
     EXPECT_EQ(folder.Read("home/drives/A/64x192.RGB16M.LED.Sign/Default.Lib/Mine.SQ4"),
               "my sequence");
     EXPECT_TRUE(fs::exists(home.Drives() / "A/64x192.RGB16M.LED.Sign/Events.Lib"));
@@ -163,33 +168,114 @@ TEST_F(Sample, HalfFilledHomeIsCompletedAndItsFilesStay) {
 
 TEST_F(Sample, FailureIsToldAndLeavesNoMachines) {
     folder.Write("home/drives", "a file in place of the folder");
-    EXPECT_EQ(SeedSampleData(home, &problem), 0);
+    EXPECT_EQ(Seed(&problem), 0);
     EXPECT_TRUE(problem.starts_with("The sample data couldn't be made: ")) << problem;
     EXPECT_FALSE(fs::exists(home.MachineSettings()));
     fs::remove(home.Drives());
-    EXPECT_EQ(SeedSampleData(home, &problem), 1);
+    EXPECT_EQ(Seed(&problem), 1);
     EXPECT_TRUE(fs::exists(home.MachineSettings()));
 }
 
 TEST_F(Sample, HomeThatCantBeMade) {
     folder.Write("home", "a file");
-    EXPECT_EQ(SeedSampleData(home, &problem), 0);
+    EXPECT_EQ(Seed(&problem), 0);
     EXPECT_NE(problem, "");
-    EXPECT_EQ(SeedSampleData(home, nullptr), 0);
+    EXPECT_EQ(Seed(), 0);
     EXPECT_EQ(folder.Read("home"), "a file");
 }
 
 TEST_F(Sample, ProcessesThatSeedTogetherBothSucceed) {
     const pid_t child = fork();
     if (child == 0)
-        _exit(SeedSampleData(home, nullptr) ? 0 : 1);
-    EXPECT_EQ(SeedSampleData(home, &problem), 1) << problem;
+        _exit(Seed() ? 0 : 1);
+    EXPECT_EQ(Seed(&problem), 1) << problem;
     int status = 1;
     ASSERT_EQ(waitpid(child, &status, 0), child);
     EXPECT_EQ(status, 0);
     MachineSettings machine;
     EXPECT_EQ(ReadMachineSettings(home, machine, &problem), 1);
     EXPECT_EQ(machine.services.size(), 3u);
+}
+
+// Content -----------------------------------------------------------------------------------------
+
+constexpr const char* kGoal = "64x192.RGB16M.LED.Sign/Events.Lib/Goal.SQ4";
+
+TEST_F(Sample, ContentGoesToEachServerThatHasTheSignType) {
+    folder.Write(std::string("content/") + kGoal, "goal");
+    folder.Write("content/64x256.RGB64.LED.Sign/Default.Lib/Aurora.SQ4", "aurora");
+    ASSERT_EQ(Seed(&problem), 1) << problem;
+    EXPECT_EQ(problem, "");
+    EXPECT_EQ(folder.Read(std::string("home/drives/A/") + kGoal), "goal");
+    EXPECT_EQ(folder.Read(std::string("home/network/STORE/SIGNS/") + kGoal), "goal");
+    EXPECT_FALSE(fs::exists(folder / (std::string("home/network/TOWER/SIGNS/") + kGoal)));
+    for (const char* share : {"SIGNS", "ARCHIVE"})
+        EXPECT_EQ(folder.Read(std::string("home/network/TOWER/") + share +
+                              "/64x256.RGB64.LED.Sign/Default.Lib/Aurora.SQ4"),
+                  "aurora");
+}
+
+TEST_F(Sample, ContentOfSignTypesThatNoSignHasGoesToTheArchiveOrNowhere) {
+    folder.Write("content/32x96.Mono64.LED.Sign/Default.Lib/Moon.SQ4", "moon");
+    folder.Write("content/8x16.Mono1.LED.Sign/Default.Lib/Unknown.SQ4", "unknown");
+    ASSERT_EQ(Seed(&problem), 1) << problem;
+    EXPECT_EQ(folder.Read("home/network/TOWER/ARCHIVE/32x96.Mono64.LED.Sign/Default.Lib/Moon.SQ4"),
+              "moon");
+    for (const auto& [name, content] : Contents(home.Path()))
+        EXPECT_EQ(name.find("Unknown"), std::string::npos) << name;
+}
+
+TEST_F(Sample, StoresHaveSignTypesOfEightColorTechnologiesAtLeast) {
+    ASSERT_EQ(Seed(), 1);
+    std::set<std::string> colors;
+    for (const auto& [name, content] : Contents(home.Path())) {
+        const std::string type = fs::path(name).filename().string();
+        if (type.ends_with(".Sign"))
+            colors.insert(type.substr(type.find('.') + 1,
+                                      type.find('.', type.find('.') + 1) - type.find('.') - 1));
+    }
+    EXPECT_GE(colors.size(), 8u);
+}
+
+TEST_F(Sample, ContentNeverReplacesAFile) {
+    folder.Write(std::string("content/") + kGoal, "sample");
+    folder.Write(std::string("home/drives/A/") + kGoal, "mine");
+    ASSERT_EQ(Seed(&problem), 1) << problem;
+    EXPECT_EQ(folder.Read(std::string("home/drives/A/") + kGoal), "mine");
+    EXPECT_EQ(folder.Read(std::string("home/network/STORE/SIGNS/") + kGoal), "sample");
+}
+
+TEST_F(Sample, WhatACrashLeftUnfinishedIsFinished) {
+    folder.Write(std::string("content/") + kGoal, "whole");
+    folder.Write("home/drives/A/64x192.RGB16M.LED.Sign/Events.Lib/.k4copy-Goal.SQ4", "wh");
+    ASSERT_EQ(Seed(&problem), 1) << problem;
+    EXPECT_EQ(folder.Read(std::string("home/drives/A/") + kGoal), "whole");
+    EXPECT_FALSE(
+        fs::exists(folder / "home/drives/A/64x192.RGB16M.LED.Sign/Events.Lib/.k4copy-Goal.SQ4"));
+}
+
+TEST_F(Sample, ContentThatCannotBeReadIsToldAndLeavesNoMachines) {
+    const fs::path goal = folder.Write(std::string("content/") + kGoal, "goal");
+    fs::remove(goal);
+    fs::create_symlink("nowhere", goal);
+    EXPECT_EQ(Seed(&problem), 0);
+    EXPECT_TRUE(problem.starts_with("The sample data couldn't be made: ")) << problem;
+    EXPECT_FALSE(fs::exists(home.MachineSettings()));
+    fs::remove(goal);
+    EXPECT_EQ(Seed(&problem), 1) << problem;
+}
+
+TEST_F(Sample, WithoutAContentFolderTheLibrariesAreEmpty) {
+    ASSERT_EQ(SeedSampleData(home, &problem, {}), 1) << problem;
+    for (const auto& [name, content] : Contents(home.Path()))
+        EXPECT_FALSE(name.ends_with(".SQ4")) << name;
+    EXPECT_TRUE(fs::exists(home.Drives() / "A/64x192.RGB16M.LED.Sign/Default.Lib"));
+}
+
+TEST(SampleContent, LiesBesideTheProgram) {
+    EXPECT_EQ(SampleContentFolder(),
+              fs::read_symlink("/proc/self/exe").parent_path().parent_path() / "share" / "k4400" /
+                  "sample");
 }
 
 }  // namespace
