@@ -1,6 +1,6 @@
 #include "k4cmndlg/filestore/FileNameRules.h"
 
-#include <algorithm>
+#include "k4cmndlg/filestore/Characters.h"
 
 namespace k4cmn {
 
@@ -16,28 +16,7 @@ bool HoldsOneOf(std::string_view text, std::string_view characters) {
     return text.find_first_of(characters) != std::string_view::npos;
 }
 
-constexpr bool ContinuesCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
-/// How many bytes a character takes that begins with this one.
-constexpr std::size_t CharacterLength(char byte) {
-    const auto first = static_cast<unsigned char>(byte);
-    return first < 0xC0 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-}
-
 }  // namespace
-
-std::size_t CharacterCount(std::string_view text) {
-    std::size_t count = 0;
-    for (std::size_t at = 0; at < text.size(); ++count) {
-        const std::size_t end = std::min(at + CharacterLength(text[at]), text.size());
-        do
-            ++at;
-        while (at < end && ContinuesCharacter(text[at]));
-    }
-    return count;
-}
 
 bool IsFileNameShortEnough(std::string_view name) {
     return CharacterCount(name) <= kMaxFileNameLength;

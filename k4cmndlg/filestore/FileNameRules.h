@@ -12,9 +12,6 @@ namespace k4cmn {
 /// The most characters of a file name, without its extension.
 inline constexpr std::size_t kMaxFileNameLength = 32;
 
-/// How many characters a text has (not bytes); a malformed byte counts as one.
-K4CMNCORE_EXPORT std::size_t CharacterCount(std::string_view text);
-
 /// Whether a name has at most kMaxFileNameLength characters.
 K4CMNCORE_EXPORT bool IsFileNameShortEnough(std::string_view name);
 

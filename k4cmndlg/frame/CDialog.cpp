@@ -23,7 +23,7 @@ int CDialog::DoModal() {
     if (!self)
         return IDCANCEL;
     const int result = m_result;
-    Destroyed();
+    DestroyWindow();
     return result;
 }
 

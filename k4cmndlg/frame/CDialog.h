@@ -36,14 +36,17 @@ class K4CMNDLG_EXPORT CDialog : public QDialog {
 
     /// Creates, initialises and runs the dialog and returns when it has ended.
     /// @return IDOK, IDCANCEL or whatever EndDialog() was given; -1 if the window couldn't be
-    /// created. An EndDialog() inside OnInitDialog ends it before it is shown.
+    /// created. An EndDialog() inside OnInitDialog ends it before it is shown. However it ended,
+    /// its window is destroyed (DestroyWindow) before this returns.
     virtual int DoModal();
 
     /// Creates and initialises the window without showing it: for modeless dialogs, and once only.
     /// @return 1, or 0 if OnCreate refused.
     int Create();
-    /// Ends a modeless window: hides it and runs OnDestroy. Does nothing where there is none.
+    /// Ends a window: hides it and runs OnDestroy. Does nothing where there is none.
     virtual void DestroyWindow();
+    /// Whether there is a window: from Create() or DoModal() to DestroyWindow().
+    bool HasWindow() const { return m_created; }
     /// Ends the dialog with a result and hides it. Called again before the dialog has returned, the
     /// later result counts.
     void EndDialog(int result);

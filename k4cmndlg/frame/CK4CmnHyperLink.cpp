@@ -13,6 +13,7 @@
 #include "k4cmndlg/frame/HyperLinkAccess.h"
 #include "k4cmndlg/frame/LinkOpening.h"
 #include "k4cmndlg/frame/Text.h"
+#include "k4cmndlg/frame/WaitCursor.h"
 #include "k4cmndlg/frame/contracts/MessagePresenter.h"
 
 namespace {
@@ -32,14 +33,6 @@ QRect FittedRect(const QRect& rect, const QSize& text, Qt::Alignment alignment) 
         fitted.moveRight(rect.right());
     return fitted;
 }
-
-/// The wait cursor over all windows, for the life of the object.
-class WaitCursor {
- public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    Q_DISABLE_COPY_MOVE(WaitCursor)
-};
 
 }  // namespace
 
@@ -131,7 +124,7 @@ void CK4CmnHyperLink::AdjustToFit() {
 
 void CK4CmnHyperLink::Click() try {
     const QPointer<CK4CmnHyperLink> self(this);
-    const WaitCursor wait;
+    const k4cmn::WaitCursor wait;
     const std::uint32_t code = k4cmn::OpenLink(m_strURL);
     if (!self)
         return;

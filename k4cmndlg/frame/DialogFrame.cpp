@@ -54,10 +54,11 @@ QWidget* NextInTabOrder(QWidget* control, const QWidget* dialog) {
 
 }  // namespace
 
-DialogFrame::DialogFrame(std::uint32_t resourceId, QWidget* parent, std::uint32_t helpOffset)
+DialogFrame::DialogFrame(std::uint32_t resourceId, QWidget* parent, std::uint32_t helpOffset,
+                         PlaceMemory memory)
     : CDialog(resourceId, parent),
       m_helpOffset(helpOffset),
-      m_place(std::make_unique<DialogPlace>()) {
+      m_place(memory == PlaceMemory::On ? std::make_unique<DialogPlace>() : nullptr) {
     setWindowFlag(Qt::WindowContextHelpButtonHint);
 }
 
@@ -66,7 +67,8 @@ DialogFrame::~DialogFrame() = default;
 int DialogFrame::OnCreate() {
     if (CDialog::OnCreate() == -1)
         return -1;
-    m_place->Restore(*this);
+    if (m_place)
+        m_place->Restore(*this);
     // Requests for help are seen before the controls see them: many have menus of their own.
     qApp->installEventFilter(this);
     return 0;
@@ -75,7 +77,8 @@ int DialogFrame::OnCreate() {
 void DialogFrame::OnDestroy() {
     qApp->removeEventFilter(this);
     CDialog::OnDestroy();
-    m_place->Save(*this);
+    if (m_place)
+        m_place->Save(*this);
 }
 
 int DialogFrame::OnInitDialog() {

