@@ -38,6 +38,10 @@ TEST_P(BuiltInHelp, HasATopicForEachId) {
 
 constexpr std::uint32_t kDimming = 0x1000000 + (176u << 16);
 constexpr std::uint32_t kWindows = 0x1000000 + (107u << 16);
+constexpr std::uint32_t kSheet = 0x1000000 + (200u << 16);
+constexpr std::uint32_t kGeneral = 0x1000000 + (201u << 16);
+constexpr std::uint32_t kAdvanced = 0x1000000 + (202u << 16);
+constexpr std::uint32_t kThumbnail = 0x1000000 + (203u << 16);
 
 INSTANTIATE_TEST_SUITE_P(
     Rows, BuiltInHelp,
@@ -54,6 +58,30 @@ INSTANTIATE_TEST_SUITE_P(
                     IdRow{"DimmingOk", kDimming + 1, kDimming + 1, "OK"},
                     IdRow{"DimmingCancel", kDimming + 2, kDimming + 2, "Cancel"},
                     IdRow{"DimmingApply", kDimming + 3, kDimming + 3, "Apply"},
+                    IdRow{"Properties", 0x10200C8, 0x10200C8, "Properties"},
+                    IdRow{"General", 0x10200C9, 0x10200C9, "General"},
+                    IdRow{"Advanced", 0x10200CA, 0x10200CA, "Advanced"},
+                    IdRow{"ThumbnailPage", 0x10200CB, 0x10200CB, "Thumbnail"},
+                    IdRow{"PropertiesOk", kSheet + 1, kSheet + 1, "OK"},
+                    IdRow{"PropertiesCancel", kSheet + 2, kSheet + 2, "Cancel"},
+                    IdRow{"PropertiesApply", kSheet + 3, kSheet + 3, "Apply"},
+                    IdRow{"FileName", kGeneral + 1201, kGeneral + 1201, "File name"},
+                    IdRow{"FrameSize", kGeneral + 1202, kGeneral + 1202, "Frame size"},
+                    IdRow{"PixelTech", kGeneral + 1203, kGeneral + 1203, "Pixel technology"},
+                    IdRow{"ColorTech", kGeneral + 1204, kGeneral + 1204, "Color technology"},
+                    IdRow{"Duration", kGeneral + 1205, kGeneral + 1205, "Duration"},
+                    IdRow{"Frames", kGeneral + 1206, kGeneral + 1206, "Frames"},
+                    IdRow{"PreviewOnly", kGeneral + 1207, kGeneral + 1207, "Preview only"},
+                    IdRow{"FileNameLabel", kGeneral + 1211, kGeneral + 1211, "File name"},
+                    IdRow{"FramesLabel", kGeneral + 1216, kGeneral + 1216, "Frames"},
+                    IdRow{"Compression", kAdvanced + 1221, kAdvanced + 1221, "File compression"},
+                    IdRow{"Keywords", kAdvanced + 1222, kAdvanced + 1222, "Keywords"},
+                    IdRow{"Notes", kAdvanced + 1223, kAdvanced + 1223, "Notes"},
+                    IdRow{"NotesLabel", kAdvanced + 1233, kAdvanced + 1233, "Notes"},
+                    IdRow{"Frame", kThumbnail + 1241, kThumbnail + 1244, "Thumbnail frame"},
+                    IdRow{"Picture", kThumbnail + 1245, kThumbnail + 1245, "Thumbnail picture"},
+                    IdRow{"PictureLabel", kThumbnail + 1252, kThumbnail + 1252,
+                          "Thumbnail picture"},
                     IdRow{"WindowControl", 0x102006B, 0x102006B, "Window Control"},
                     IdRow{"Enable", kWindows + 1015, kWindows + 1022, "Enable"},
                     IdRow{"WindowSign", kWindows + 1023, kWindows + 1030, "Window sign"},
@@ -66,11 +94,35 @@ INSTANTIATE_TEST_SUITE_P(
                     IdRow{"WindowApply", kWindows + 3, kWindows + 3, "Apply"}),
     [](const auto& row) { return row.param.what; });
 
+constexpr std::uint32_t kFileProperties = 0x1000000 + (181u << 16);
+
+INSTANTIATE_TEST_SUITE_P(
+    FileProperties, BuiltInHelp,
+    testing::Values(
+        IdRow{"Page", 0x10200B5, 0x10200B5, "File Properties"},
+        IdRow{"FileName", kFileProperties + 1203, kFileProperties + 1204, "File name"},
+        IdRow{"PreviewOnly", kFileProperties + 1205, kFileProperties + 1205,
+              "Preview Only Sequence"},
+        IdRow{"FrameSize", kFileProperties + 1206, kFileProperties + 1207, "Frame size"},
+        IdRow{"PixelTech", kFileProperties + 1208, kFileProperties + 1209, "Pixel tech"},
+        IdRow{"ColorTech", kFileProperties + 1210, kFileProperties + 1211, "Color tech"},
+        IdRow{"Duration", kFileProperties + 1212, kFileProperties + 1213, "Duration"},
+        IdRow{"Frames", kFileProperties + 1214, kFileProperties + 1215, "Frames"},
+        IdRow{"Compression", kFileProperties + 1216, kFileProperties + 1217, "File compression"},
+        IdRow{"Keywords", kFileProperties + 1218, kFileProperties + 1219, "Keywords"},
+        IdRow{"Notes", kFileProperties + 1220, kFileProperties + 1221, "Notes"},
+        IdRow{"Thumbnail", kFileProperties + 1222, kFileProperties + 1223, "Thumbnail"},
+        IdRow{"ThumbnailFrame", kFileProperties + 1224, kFileProperties + 1226, "Thumbnail frame"},
+        IdRow{"FrameCount", kFileProperties + 1227, kFileProperties + 1228, "Frame count"},
+        IdRow{"Ok", kFileProperties + 1, kFileProperties + 1, "OK"}),
+    [](const auto& row) { return row.param.what; });
+
 TEST(BuiltInHelpPages, IdsOfApplicationsAndUnknownOnesHaveNoTopic) {
     const HelpTopics topics(kIndex);
     for (const std::uint32_t id :
          {0u, 1u, 0x1000000u, 0x200B0u, 176u << 16 | 1111u, kDimming + 0xFFFF, kDimming + 1117,
-          kWindows + 1014, kWindows + 1063, 0xFFFFFFFFu})
+          kWindows + 1014, kWindows + 1063, kFileProperties + 1202, kFileProperties + 1229,
+          kSheet + 4, kGeneral + 1200, kThumbnail + 1246, 0xFFFFFFFFu})
         EXPECT_EQ(topics.Find(id), nullptr) << std::hex << id;
 }
 
@@ -83,7 +135,7 @@ TEST(BuiltInHelpPages, EachTopicHasAPlaceOfItsOwnAndIsInTheContents) {
         EXPECT_TRUE(links.insert(link).second) << link;
         EXPECT_NE(contents.find("[" + topic.title + "](" + link + ")"), std::string::npos) << link;
     }
-    EXPECT_EQ(links.size(), 19u);
+    EXPECT_EQ(links.size(), 53u);
 }
 
 TEST(HelpIndex, WhatIsWrongIsToldAndTheRestIsUsed) {
