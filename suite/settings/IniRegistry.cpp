@@ -44,6 +44,11 @@ void WriteOptional(QSettings& file, const QString& key, const std::uint32_t* num
         file.remove(key);
 }
 
+std::optional<std::uint32_t> ReadOptional(const QSettings& file, const QString& key) {
+    std::uint32_t number = 0;
+    return ReadNumber(file, key, number) ? std::optional(number) : std::nullopt;
+}
+
 }  // namespace
 
 IniRegistry::IniRegistry(DataHome home)
@@ -168,6 +173,22 @@ int IniRegistry::SetPreviewOptions(const std::string& sequencePath,
         ReadNumber(file, EncodeValue(key, "Number"), number);
         WriteNumber(file, EncodeValue(key, "Number"), number + 1);
     });
+}
+
+int IniRegistry::ReadPreviewRequest(PreviewRequest& request) {
+    PreviewRequest read;
+    const int done = m_user->Read([&](QSettings& file) {
+        const QString key = EncodeKey(kPreviewKey);
+        ReadText(file, EncodeValue(key, "Sequence"), read.sequence);
+        if (std::string text; ReadText(file, EncodeValue(key, "Text"), text))
+            read.text = text;
+        read.first = ReadOptional(file, EncodeValue(key, "First"));
+        read.second = ReadOptional(file, EncodeValue(key, "Second"));
+        ReadNumber(file, EncodeValue(key, "Number"), read.number);
+    });
+    if (done)
+        request = std::move(read);
+    return done;
 }
 
 std::vector<std::string> IniRegistry::Problems() const {

@@ -9,6 +9,7 @@
 #include "suite/settings/DataHome.h"
 #include "suite/settings/IniFile.h"
 #include "suite/settings/MachineSettings.h"
+#include "suite/settings/PreviewRequest.h"
 
 namespace k4suite {
 
@@ -48,6 +49,9 @@ class IniRegistry final : public k4cmn::RegistryProvider {
     int GetExePath(std::string& path) override;
     int SetPreviewOptions(const std::string& sequencePath,
                           const k4cmn::PreviewOptions& options) override;
+    /// The request that was stored last, all of it from one moment.
+    /// @return 1, also where there is none yet; 0 with `request` as it was if it can't be read.
+    int ReadPreviewRequest(PreviewRequest& request);
 
     /// What went wrong with the files, for people: each damaged one that was set aside.
     std::vector<std::string> Problems() const;
