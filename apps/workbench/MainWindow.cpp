@@ -12,13 +12,14 @@
 #include <QVBoxLayout>
 #include <vector>
 
+#include "apps/parts/SignView.h"
 #include "apps/workbench/DialogMenu.h"
 #include "apps/workbench/FaultMenu.h"
-#include "apps/workbench/SignView.h"
 #include "apps/workbench/SignWords.h"
 #include "k4cmndlg/clients/CK4CmnSS.h"
 #include "k4cmndlg/filestore/contracts/CK4Registry.h"
 #include "k4cmndlg/frame/Text.h"
+#include "k4cmndlg/frame/WaitCursor.h"
 #include "k4cmndlg/frame/contracts/HelpSystem.h"
 #include "suite/EmbeddedSuite.h"
 
@@ -31,15 +32,6 @@ namespace {
 
 constexpr int kServiceRole = Qt::UserRole;
 constexpr int kSignRole = Qt::UserRole + 1;
-
-/// Shows that the program is busy, for the life of a scope.
-class WaitCursor {
- public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 }  // namespace
 
@@ -82,7 +74,7 @@ QWidget* MainWindow::BuildSignPage() {
     font.setPointSizeF(font.pointSizeF() * 1.3);
     font.setBold(true);
     m_title->setFont(font);
-    m_view = new SignView;
+    m_view = new parts::SignView;
     m_view->setObjectName(QStringLiteral("picture"));
     m_facts = new QLabel;
     m_facts->setObjectName(QStringLiteral("facts"));
@@ -137,7 +129,7 @@ void MainWindow::BuildFaultMenu() {
 void MainWindow::RefreshSigns() {
     const std::string service = m_service;
     const std::string sign = m_sign;
-    const WaitCursor wait;
+    const k4cmn::WaitCursor wait;
     m_tree->clear();
     std::vector<std::string> services;
     CK4Registry::GetRegistryServices(services);

@@ -15,9 +15,11 @@ namespace k4suite {
 class EmbeddedSuite;
 }
 
-namespace workbench {
-
+namespace parts {
 class SignView;
+}
+
+namespace workbench {
 
 /// The window of the workbench: the machines and their signs on the left, the chosen sign live on
 /// the right, with its facts and its state below, and every dialog of the library in a menu.
@@ -58,7 +60,7 @@ class MainWindow final : public QMainWindow {
 
     k4suite::EmbeddedSuite& m_suite;
     QTreeWidget* m_tree;
-    SignView* m_view = nullptr;
+    parts::SignView* m_view = nullptr;
     QLabel* m_title = nullptr;
     QLabel* m_facts = nullptr;
     QLabel* m_state = nullptr;

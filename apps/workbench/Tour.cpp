@@ -1,17 +1,17 @@
 #include "apps/workbench/Tour.h"
 
-#include <QAbstractButton>
 #include <QAction>
-#include <QApplication>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QSlider>
 #include <QTest>
-#include <QTimer>
 #include <QTreeWidget>
+#include <utility>
 
 #include "apps/workbench/MainWindow.h"
 #include "apps/workbench/PictureFacts.h"
+#include "apps/workbench/SequenceTour.h"
+#include "apps/workbench/TourHands.h"
 #include "apps/workbench/TourRecord.h"
 #include "k4cmndlg/clients/CK4CmnSS.h"
 #include "k4cmndlg/frame/CDialog.h"
@@ -38,73 +38,24 @@ constexpr int kEnable1 = 1015;
 constexpr int kRow1 = 1031;
 constexpr int kColumn1 = 1039;
 
-QWidget* Control(QWidget& dialog, int id) {
-    auto* frame = qobject_cast<CDialog*>(&dialog);
-    return frame ? frame->GetDlgItem(id) : nullptr;
-}
-
-void Click(QWidget& dialog, int id) {
-    if (auto* button = qobject_cast<QAbstractButton*>(Control(dialog, id)))
-        QTest::mouseClick(button, Qt::LeftButton, {},
-                          QPoint(button->height() / 2, button->height() / 2));
-}
-
-void Type(QWidget& dialog, int id, const QString& text) {
-    if (auto* edit = qobject_cast<QLineEdit*>(Control(dialog, id))) {
-        edit->setFocus();
-        edit->selectAll();
-        QTest::keyClicks(edit, text);
-        QTest::keyClick(edit, Qt::Key_Tab);
-    }
-}
-
 }  // namespace
 
-Tour::Tour(k4suite::EmbeddedSuite& suite, MainWindow& window, TourRecord& record)
-    : m_suite(suite), m_window(window), m_record(record) {}
+Tour::Tour(k4suite::EmbeddedSuite& suite, MainWindow& window, TourRecord& record,
+           std::string folder)
+    : m_suite(suite), m_window(window), m_record(record), m_folder(std::move(folder)) {}
 
 int Tour::Run() {
     if (m_record.Step(m_suite.RunsServices(), "this process runs the services of the data home")) {
         SeeSigns();
         SeeMotion();
         Dim();
+        SequenceTour(m_window, m_record, m_folder).Run();
         PlaceWindow();
         SeeOtherMachine();
         MeetUnreachableMachine();
     }
     m_record.Step(m_suite.Problems().empty(), "the suite reports no problem");
     return m_record.Failures() ? 1 : 0;
-}
-
-bool Tour::Until(const std::function<bool()>& holds, int milliseconds) {
-    return QTest::qWaitFor(holds, milliseconds);
-}
-
-bool Tour::TriggerAndDrive(QAction& action, const std::function<void(QWidget&)>& drive) {
-    bool driven = false;
-    bool overdue = false;
-    // The window runs inside trigger(); both timers fire within its event loop.
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
-        QWidget* window = QApplication::activeModalWidget();
-        if (!window || !window->isVisible())
-            return;
-        poll.stop();
-        driven = true;
-        drive(*window);
-    });
-    QTimer watchdog;
-    QObject::connect(&watchdog, &QTimer::timeout, &watchdog, [&] {
-        overdue = true;
-        poll.stop();
-        watchdog.setInterval(100);
-        if (QWidget* window = QApplication::activeModalWidget())
-            window->close();
-    });
-    poll.start(20);
-    watchdog.start(20000);
-    action.trigger();
-    return driven && !overdue;
 }
 
 bool Tour::InDialog(const char* name, const std::function<void(QWidget&)>& drive) {

@@ -67,6 +67,9 @@ int main(int argc, char** argv) {
     if (tour)
         home = TourHome(tourFolder);
 
+    // The programs that are started from here belong to the same system.
+    qputenv("K4_HOME", QByteArray::fromStdString(std::filesystem::absolute(home.Path()).string()));
+
     std::vector<std::string> problems;
     if (std::string problem; !k4suite::SeedSampleData(home, &problem))
         problems.push_back(problem);
@@ -82,7 +85,7 @@ int main(int argc, char** argv) {
         workbench::TourRecord record(tourFolder);
         for (const std::string& problem : problems)
             record.Step(false, problem);
-        return workbench::Tour(suite, window, record).Run();
+        return workbench::Tour(suite, window, record, tourFolder.string()).Run();
     }
     ShowProblems(&window, problems);
     return QApplication::exec();

@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
+#include "apps/parts/SignView.h"
 #include "apps/workbench/DialogMenu.h"
-#include "apps/workbench/SignView.h"
 #include "k4cmndlg/clients/CK4CmnSS.h"
 #include "k4cmndlg/frame/Text.h"
 #include "suite/EmbeddedSuite.h"
@@ -24,8 +24,8 @@
 using k4cmn::FromQt;
 using k4suite::EmbeddedSuite;
 using k4suite::Fault;
+using parts::SignView;
 using workbench::MainWindow;
-using workbench::SignView;
 
 namespace {
 
