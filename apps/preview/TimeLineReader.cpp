@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "k4cmndlg/filestore/Characters.h"
+#include "k4cmndlg/filestore/PlayedPaths.h"
 #include "k4cmndlg/filestore/contracts/CK4Files.h"
 #include "k4cmndlg/filestore/contracts/CK4GphFrame.h"
-#include "k4cmndlg/filestore/contracts/CK4IncFrame.h"
 #include "k4cmndlg/filestore/contracts/SequenceLibrary.h"
 #include "k4cmndlg/frame/Format.h"
 
@@ -16,16 +16,6 @@ namespace {
 
 bool IsGraphic(std::uint32_t type) {
     return type == k4cmn::kGraphicFrame || type == k4cmn::kDataFrame || type == k4cmn::kTextFrame;
-}
-
-std::vector<std::string> PlayedPaths(const CK4IncFrame& frame) {
-    std::vector<std::string> paths;
-    for (int field = 0; field < frame.GetFieldCount(); ++field) {
-        const char* path = frame.GetPtrToFieldPath(field);
-        if (frame.GetFieldStatus(field) != 0 && path)
-            paths.emplace_back(path);
-    }
-    return paths;
 }
 
 FileFacts FactsOf(CK4SequenceFile& file, const std::string& path) {
@@ -83,7 +73,7 @@ void TimeLineReader::ReadFrame(Level& level) {
     }
     level.defect.clear();
     if (frame->Type() == k4cmn::kIncludeFrame) {
-        level.includes = PlayedPaths(static_cast<const CK4IncFrame&>(*frame));
+        level.includes = k4cmn::PlayedPaths(static_cast<const CK4IncFrame&>(*frame));
         level.nextInclude = 0;
         return;
     }

@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "k4cmndlg/filestore/Characters.h"
+#include "k4cmndlg/filestore/PlayedPaths.h"
 #include "k4cmndlg/filestore/contracts/CK4Files.h"
-#include "k4cmndlg/filestore/contracts/CK4IncFrame.h"
 #include "k4cmndlg/filestore/contracts/SequenceLibrary.h"
 
 namespace k4cmn {
@@ -12,18 +12,6 @@ namespace k4cmn {
 namespace {
 
 constexpr int kDeepest = 8;
-
-/// The paths of an include frame that are played. The frame itself goes when another one is fetched
-/// from its file, which may happen while the paths are followed.
-std::vector<std::string> PlayedPaths(const CK4IncFrame& frame) {
-    std::vector<std::string> paths;
-    for (int field = 0; field < frame.GetFieldCount(); ++field) {
-        const char* path = frame.GetPtrToFieldPath(field);
-        if (frame.GetFieldStatus(field) != 0 && path)
-            paths.emplace_back(path);
-    }
-    return paths;
-}
 
 }  // namespace
 

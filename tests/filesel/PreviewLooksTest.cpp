@@ -4,6 +4,7 @@
 
 #include "k4cmndlg/frame/contracts/Profile.h"
 #include "tests/filesel/PreviewFixture.h"
+#include "tests/support/FontScale.h"
 #include "tests/support/RecordingHelpSystem.h"
 
 namespace k4test {
@@ -12,22 +13,6 @@ namespace {
 using testing::ElementsAre;
 
 constexpr char kOne[] = "A:\\One.SQ4";
-
-/// Makes every font of the application so many times as large for the life of a scope.
-class FontScale {
- public:
-    explicit FontScale(double factor) : m_font(QApplication::font()) {
-        QFont font = m_font;
-        font.setPointSizeF(font.pointSizeF() * factor);
-        QApplication::setFont(font);
-    }
-    ~FontScale() { QApplication::setFont(m_font); }
-    FontScale(const FontScale&) = delete;
-    FontScale& operator=(const FontScale&) = delete;
-
- private:
-    QFont m_font;
-};
 
 class PreviewLooks : public Preview {
  protected:

@@ -6,28 +6,13 @@
 
 #include "k4cmndlg/frame/DialogFrame.h"
 #include "tests/filesel/PropFixture.h"
+#include "tests/support/FontScale.h"
 #include "tests/support/RecordingHelpSystem.h"
 
 namespace k4test {
 namespace {
 
 using testing::ElementsAre;
-
-/// Makes every font of the application so many times as large for the life of a scope.
-class FontScale {
- public:
-    explicit FontScale(double factor) : m_font(QApplication::font()) {
-        QFont font = m_font;
-        font.setPointSizeF(font.pointSizeF() * factor);
-        QApplication::setFont(font);
-    }
-    ~FontScale() { QApplication::setFont(m_font); }
-    FontScale(const FontScale&) = delete;
-    FontScale& operator=(const FontScale&) = delete;
-
- private:
-    QFont m_font;
-};
 
 class PropertiesLooks : public Properties {
  protected:

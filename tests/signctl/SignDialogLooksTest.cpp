@@ -12,28 +12,13 @@
 
 #include "k4cmndlg/signctl/CK4CmnDlgDimmingCtrl.h"
 #include "tests/signctl/WindowControlFixture.h"
+#include "tests/support/FontScale.h"
 
 namespace k4test {
 namespace {
 
 using testing::ElementsAre;
 using testing::ElementsAreArray;
-
-/// Makes every font of the application so many times as large for the life of a scope.
-class FontScale {
- public:
-    explicit FontScale(double factor) : m_font(QApplication::font()) {
-        QFont font = m_font;
-        font.setPointSizeF(font.pointSizeF() * factor);
-        QApplication::setFont(font);
-    }
-    ~FontScale() { QApplication::setFont(m_font); }
-    FontScale(const FontScale&) = delete;
-    FontScale& operator=(const FontScale&) = delete;
-
- private:
-    QFont m_font;
-};
 
 /// Both dialogs: what holds for each of them.
 class SignDialogLooks : public WindowControl {

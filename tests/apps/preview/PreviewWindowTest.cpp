@@ -18,6 +18,7 @@
 #include "apps/preview/PictureArea.h"
 #include "tests/apps/preview/PreviewFixture.h"
 #include "tests/support/DrivenClock.h"
+#include "tests/support/FontScale.h"
 
 namespace {
 
@@ -420,27 +421,11 @@ TEST_F(PreviewWindowTest, ClosingStandsStill) {
     EXPECT_TRUE(Player().IsIdle());
 }
 
-/// Makes every font of the application so many times as large for the life of a scope.
-class FontScale {
- public:
-    explicit FontScale(double factor) : m_font(QApplication::font()) {
-        QFont font = m_font;
-        font.setPointSizeF(font.pointSizeF() * factor);
-        QApplication::setFont(font);
-    }
-    ~FontScale() { QApplication::setFont(m_font); }
-    FontScale(const FontScale&) = delete;
-    FontScale& operator=(const FontScale&) = delete;
-
- private:
-    QFont m_font;
-};
-
 TEST_F(PreviewWindowTest, NothingIsClippedAtAnyFontSizeThatA800By600ScreenAllows) {
     MakeEqualFrames("Goal.SQ4", 10, 100);
     for (const double factor : {0.8, 1.0, 1.5, 2.0}) {
         SCOPED_TRACE(factor);
-        const FontScale scale(factor);
+        const k4test::FontScale scale(factor);
         window.reset();
         MakeWindow();
         Open(Path("Goal.SQ4"));
