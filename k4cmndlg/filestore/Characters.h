@@ -14,14 +14,15 @@ K4CMNCORE_EXPORT std::size_t CharacterCount(std::string_view text);
 /// The first characters of a text, `most` at most, and none of them in pieces.
 K4CMNCORE_EXPORT std::string FirstCharacters(std::string_view text, std::size_t most);
 
-/// A text with the letters "A" to "Z" in lower case: what counts where case doesn't. Letters beyond
-/// these are kept as they are.
+/// A text as it counts where case doesn't: each character by FoldedCharacter(). Malformed bytes are
+/// kept as they are.
 K4CMNCORE_EXPORT std::string WithoutCase(std::string_view text);
 
 /// Whether two texts are the same without regard to case.
 K4CMNCORE_EXPORT bool IsSameWithoutCase(std::string_view one, std::string_view other);
 
-/// Whether a text comes before another one, byte by byte, without regard to case.
+/// Whether a text comes before another one, character by character, without regard to case.
+/// Malformed bytes come behind all characters.
 K4CMNCORE_EXPORT bool IsLessWithoutCase(std::string_view one, std::string_view other);
 
 }  // namespace k4cmn

@@ -45,4 +45,8 @@ bool HoldsLetterOrDigit(std::string_view name) {
     return HoldsOneOf(name, kLettersAndDigits);
 }
 
+bool IsNameOfOneEntry(std::string_view name) {
+    return !HoldsOneOf(name, "\\/");
+}
+
 }  // namespace k4cmn

@@ -33,4 +33,8 @@ K4CMNCORE_EXPORT bool CanTakeOverFileName(std::string_view name);
 /// composed.
 K4CMNCORE_EXPORT bool HoldsLetterOrDigit(std::string_view name);
 
+/// Whether a text put behind a folder names an entry of that folder: one that holds '\' or '/'
+/// leads elsewhere.
+K4CMNCORE_EXPORT bool IsNameOfOneEntry(std::string_view name);
+
 }  // namespace k4cmn

@@ -33,15 +33,19 @@ class CopyOperation {
         for (const std::string& source : from)
             Plan(source, to);
         m_several = m_items.size() > 1;
+        CopyResult result = CopyResult::Done;
         for (const Item& item : m_items) {
-            const CopyResult result = Copy(item);
-            if (result == CopyResult::Cancelled)
-                return kFileOperationCancelled;
-            m_isFailed = m_isFailed || result != CopyResult::Done;
-            if (result == CopyResult::DiskFull)
+            result = Copy(item);
+            m_isFailed = m_isFailed || result == CopyResult::Failed;
+            if (result == CopyResult::Cancelled || result == CopyResult::DiskFull)
                 break;
             m_done += item.size;
         }
+        // What was copied before a cancel or the end of the disk stays.
+        const CopyResult rest = m_copies.Finish();
+        if (result == CopyResult::Cancelled)
+            return kFileOperationCancelled;
+        m_isFailed = m_isFailed || result == CopyResult::DiskFull || rest != CopyResult::Done;
         return m_isFailed ? kFileOperationFailed : kFileOperationDone;
     }
 
@@ -82,7 +86,12 @@ class CopyOperation {
         if (!m_progress.Report(m_done, m_total, name))
             return CopyResult::Cancelled;
 
-        const std::string target = TargetOf(item);
+        std::string target = TargetOf(item);
+        if (m_copies.IsPending(target)) {
+            if (FinishGroup() == CopyResult::DiskFull)
+                return CopyResult::DiskFull;
+            target = TargetOf(item);
+        }
         if (target.empty())
             return CopyResult::Failed;
         struct stat present;
@@ -92,15 +101,33 @@ class CopyOperation {
                 (!S_ISREG(present.st_mode) ||
                  (present.st_dev == item.device && present.st_ino == item.node)))
                 return CopyResult::Failed;
+            // What is written doesn't wait for an answer, which takes who knows how long.
+            if (WillAsk() && FinishGroup() == CopyResult::DiskFull)
+                return CopyResult::DiskFull;
             const FileAnswer answer = MayReplace(target);
             if (answer == FileAnswer::Cancel)
                 return CopyResult::Cancelled;
             if (answer == FileAnswer::No)
                 return CopyResult::Done;
         }
-        return CopyOneFile(item.source, target, isThere, [&](std::uint64_t done) {
-            return m_progress.Report(m_done + std::min(done, item.size), m_total, name);
-        });
+        const CopyResult result =
+            m_copies.Copy(item.source, target, isThere, [&](std::uint64_t done) {
+                return m_progress.Report(m_done + std::min(done, item.size), m_total, name);
+            });
+        return result == CopyResult::Done && m_copies.IsFull() ? FinishGroup() : result;
+    }
+
+    /// Gives the files that are written their names. @return that of m_copies.Finish(), which is
+    /// counted already.
+    CopyResult FinishGroup() {
+        const CopyResult result = m_copies.Finish();
+        m_isFailed = m_isFailed || result != CopyResult::Done;
+        return result;
+    }
+
+    /// Whether MayReplace() has to ask.
+    bool WillAsk() const {
+        return !(m_flags & k4cmn::FOF_NOCONFIRMATION) && m_forAll == FileAnswer::Cancel;
     }
 
     /// Yes, No or Cancel.
@@ -127,6 +154,7 @@ class CopyOperation {
     FileOperationUi& m_ui;
     const PlaceOf& m_placeOf;
     ProgressScope m_progress;
+    FileCopies m_copies;
     std::vector<Item> m_items;
     std::uint64_t m_total = 0;
     std::uint64_t m_done = 0;

@@ -22,6 +22,8 @@ class Descriptor {
     explicit operator bool() const { return m_descriptor >= 0; }
     int Get() const { return m_descriptor; }
 
+    /// Gives it away. @return the descriptor, which is no longer closed by the object.
+    int Release() { return std::exchange(m_descriptor, -1); }
     /// Closes it now, for those to whom the result of closing matters.
     /// @return 0, or -1 with errno.
     int Close() { return close(std::exchange(m_descriptor, -1)); }

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "k4cmndlg/filestore/Characters.h"
 #include "suite/platform/Descriptor.h"
 #include "suite/platform/FileSystem.h"
 #include "suite/store/UnfinishedCopy.h"
@@ -21,6 +22,8 @@ namespace k4suite {
 namespace {
 
 constexpr std::size_t kPiece = 1 << 20;
+constexpr std::size_t kFilesOfGroup = 64;
+constexpr std::uint64_t kBytesOfGroup = 16 << 20;
 constexpr mode_t kPermissions = S_IRWXU | S_IRWXG | S_IRWXO;
 
 CopyResult ResultOf(int error) {
@@ -41,48 +44,6 @@ Descriptor OpenRegular(const std::string& path, struct stat& status) {
     return file;
 }
 
-/// The unfinished copy, in the folder of the finished one. Gone with the object, unless kept.
-class Unfinished {
- public:
-    explicit Unfinished(const std::string& target)
-        : m_name(FolderOf(target) + "/" + std::string(kUnfinishedCopy) + "XXXXXX"),
-          m_file(mkostemp(m_name.data(), O_CLOEXEC)),
-          m_isThere(static_cast<bool>(m_file)) {}
-    ~Unfinished() {
-        if (m_isThere)
-            unlink(m_name.c_str());
-    }
-    Unfinished(const Unfinished&) = delete;
-    Unfinished& operator=(const Unfinished&) = delete;
-
-    Descriptor& File() { return m_file; }
-
-    /// Gives it permissions and times, makes sure of its bytes, and gives it its name.
-    int Finish(const struct stat& source, const std::string& target, bool replace) {
-        const timespec times[] = {source.st_atim, source.st_mtim};
-        // Permissions that the disk doesn't know aren't worth the copy.
-        if (fchmod(m_file.Get(), source.st_mode & kPermissions) != 0 && errno != EPERM &&
-            errno != ENOTSUP)
-            return errno;
-        if (futimens(m_file.Get(), times) != 0 && errno != EPERM)
-            return errno;
-        if (fsync(m_file.Get()) != 0 || m_file.Close() != 0)
-            return errno;
-        if (!replace) {
-            const int failure = RenameToFreeName(m_name, target);
-            m_isThere = failure != 0;
-            return failure;
-        }
-        m_isThere = std::rename(m_name.c_str(), target.c_str()) != 0;
-        return m_isThere ? errno : 0;
-    }
-
- private:
-    std::string m_name;
-    Descriptor m_file;
-    bool m_isThere;
-};
-
 /// A stretch of a file without holes.
 struct Stretch {
     off_t begin;
@@ -101,8 +62,8 @@ Stretch NextStretch(int file, off_t at, off_t size) {
     return {data, hole > data ? hole : kAll};
 }
 
-int CopyBytes(int from, int to, off_t size, const CopyProgress& progress) {
-    std::vector<char> piece(kPiece);
+int CopyBytes(int from, int to, off_t size, std::vector<char>& piece,
+              const CopyProgress& progress) {
     off_t at = 0;
     while (true) {
         const Stretch next = NextStretch(from, at, size);
@@ -129,19 +90,117 @@ int CopyBytes(int from, int to, off_t size, const CopyProgress& progress) {
 
 }  // namespace
 
-CopyResult CopyOneFile(const std::string& source, const std::string& target, bool replace,
-                       const CopyProgress& progress) {
+/// A copy that has no name of its own yet, in the folder of the finished one. Gone with the object,
+/// unless it was named.
+class FileCopies::Unfinished {
+ public:
+    Unfinished(std::string target, bool replace)
+        : m_target(std::move(target)),
+          m_replace(replace),
+          m_name(FolderOf(m_target) + "/" + std::string(kUnfinishedCopy) + "XXXXXX"),
+          m_file(mkostemp(m_name.data(), O_CLOEXEC)),
+          m_isThere(static_cast<bool>(m_file)) {}
+    ~Unfinished() {
+        if (m_isThere)
+            unlink(m_name.c_str());
+    }
+    Unfinished(const Unfinished&) = delete;
+    Unfinished& operator=(const Unfinished&) = delete;
+
+    const Descriptor& File() const { return m_file; }
+    const std::string& Target() const { return m_target; }
+    dev_t Device() const { return m_device; }
+
+    /// Gives it permissions and times.
+    int Dress(const struct stat& source) {
+        struct stat own;
+        if (fstat(m_file.Get(), &own) != 0)
+            return errno;
+        m_device = own.st_dev;
+        const timespec times[] = {source.st_atim, source.st_mtim};
+        // Permissions that the disk doesn't know aren't worth the copy.
+        if (fchmod(m_file.Get(), source.st_mode & kPermissions) != 0 && errno != EPERM &&
+            errno != ENOTSUP)
+            return errno;
+        return futimens(m_file.Get(), times) != 0 && errno != EPERM ? errno : 0;
+    }
+
+    /// Makes sure of its bytes, unless they are on the disk, and gives it its name.
+    int Name(bool isOnDisk) {
+        if ((!isOnDisk && fsync(m_file.Get()) != 0) || m_file.Close() != 0)
+            return errno;
+        if (!m_replace) {
+            const int failure = RenameToFreeName(m_name, m_target);
+            m_isThere = failure != 0;
+            return failure;
+        }
+        m_isThere = std::rename(m_name.c_str(), m_target.c_str()) != 0;
+        return m_isThere ? errno : 0;
+    }
+
+ private:
+    std::string m_target;
+    bool m_replace;
+    std::string m_name;
+    Descriptor m_file;
+    bool m_isThere;
+    dev_t m_device = 0;
+};
+
+FileCopies::FileCopies() = default;
+
+FileCopies::~FileCopies() = default;
+
+CopyResult FileCopies::Copy(const std::string& source, const std::string& target, bool replace,
+                            const CopyProgress& progress) {
     struct stat status;
     const Descriptor from = OpenRegular(source, status);
     if (!from)
         return CopyResult::Failed;
-    Unfinished copy(target);
-    if (!copy.File())
+    auto copy = std::make_unique<Unfinished>(target, replace);
+    if (!copy->File())
         return ResultOf(errno);
 
-    if (const int failure = CopyBytes(from.Get(), copy.File().Get(), status.st_size, progress))
+    m_piece.resize(kPiece);
+    int failure = CopyBytes(from.Get(), copy->File().Get(), status.st_size, m_piece, progress);
+    if (!failure)
+        failure = copy->Dress(status);
+    if (failure)
         return ResultOf(failure);
-    return ResultOf(copy.Finish(status, target, replace));
+    m_bytes += static_cast<std::uint64_t>(status.st_size);
+    m_written.push_back(std::move(copy));
+    return CopyResult::Done;
+}
+
+bool FileCopies::IsFull() const {
+    return m_written.size() >= kFilesOfGroup || m_bytes >= kBytesOfGroup;
+}
+
+bool FileCopies::IsPending(const std::string& target) const {
+    return std::any_of(m_written.begin(), m_written.end(), [&](const auto& copy) {
+        return k4cmn::IsSameWithoutCase(copy->Target(), target);
+    });
+}
+
+bool FileCopies::AreOnDisk() const {
+    if (m_written.size() < 2)
+        return false;
+    const Unfinished& first = *m_written.front();
+    const bool isOneDisk = std::all_of(m_written.begin(), m_written.end(), [&](const auto& copy) {
+        return copy->Device() == first.Device();
+    });
+    return isOneDisk && syncfs(first.File().Get()) == 0;
+}
+
+CopyResult FileCopies::Finish() {
+    // Where the disk as a whole has failed, each file is asked whether it was the one.
+    const bool areOnDisk = AreOnDisk();
+    CopyResult worst = CopyResult::Done;
+    for (const auto& copy : m_written)
+        worst = std::max(worst, ResultOf(copy->Name(areOnDisk)));
+    m_written.clear();
+    m_bytes = 0;
+    return worst;
 }
 
 }  // namespace k4suite

@@ -23,6 +23,10 @@ class DataHome {
     std::filesystem::path MachineSettings() const { return m_path / "settings" / "machine.ini"; }
     /// What signs keep over a restart, one folder a machine.
     std::filesystem::path SignState() const { return m_path / "state" / "signs"; }
+    /// The download events that the remote service keeps.
+    std::filesystem::path DownLoadEvents() const {
+        return m_path / "state" / "remote" / "downloads.ini";
+    }
     /// Held by the process that runs the services of this home.
     std::filesystem::path ServicesLock() const { return m_path / "services.lock"; }
     /// Drives of the store: "A:" is the folder "A" in here.

@@ -2,16 +2,13 @@
 
 #include <string_view>
 
+#include "k4cmndlg/filestore/CaseFolding.h"
+
 namespace k4suite {
 
-/// What NextCharacter() gives where there is no well-formed character.
-inline constexpr char32_t kMalformed = 0xFFFFFFFF;
-
-/// Reads the UTF-8 character at `at`, which must lie inside, and steps over it.
-char32_t NextCharacter(std::string_view bytes, std::size_t& at);
-
-/// A character without its case, so that two that differ only in case become one.
-char32_t FoldedCharacter(char32_t character);
+using k4cmn::FoldedCharacter;
+using k4cmn::kMalformed;
+using k4cmn::NextCharacter;
 
 /// An ASCII letter in lower case; any other byte as it is.
 constexpr char LowerAscii(char byte) {

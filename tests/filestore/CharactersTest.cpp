@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+
+#include "k4cmndlg/filestore/CaseFolding.h"
+
 namespace {
 
 using namespace k4cmn;
@@ -30,8 +34,8 @@ TEST(FirstCharacters, CutsBetweenCharacters) {
     EXPECT_EQ(FirstCharacters("a\x80\x80", 2), "a\x80");
 }
 
-TEST(Case, CountsForNothingWithAsciiLetters) {
-    EXPECT_EQ(WithoutCase("A:\\Goal \u00c9.SQ4"), "a:\\goal \u00c9.sq4");
+TEST(Case, CountsForNothing) {
+    EXPECT_EQ(WithoutCase("A:\\Goal \u00c9.SQ4"), "a:\\goal \u00e9.sq4");
     EXPECT_TRUE(IsSameWithoutCase("", ""));
     EXPECT_TRUE(IsSameWithoutCase("Summer; SALE; ", "summer; sale; "));
     EXPECT_FALSE(IsSameWithoutCase("summer", "summers"));
@@ -40,12 +44,66 @@ TEST(Case, CountsForNothingWithAsciiLetters) {
     EXPECT_FALSE(IsSameWithoutCase("[", "{"));
 }
 
-TEST(Case, OrdersByBytes) {
+TEST(Case, CountsForNothingInAnyScript) {
+    struct Row {
+        const char* upper;
+        const char* lower;
+    };
+    constexpr Row rows[] = {
+        {"\u00c4\u00d6\u00dc", "\u00e4\u00f6\u00fc"},            // Latin
+        {"\u0160\u0141\u0110", "\u0161\u0142\u0111"},            // Latin, extended
+        {"\u0391\u0398\u03a3", "\u03b1\u03b8\u03c3"},            // Greek
+        {"\u03c2", "\u03c3"},                                    // both small sigmas
+        {"\u0416\u0401\u042f", "\u0436\u0451\u044f"},            // Cyrillic
+        {"\u0531\u0556", "\u0561\u0586"},                        // Armenian
+        {"\u1e9e", "\u00df"},                                    // the capital sharp s
+        {"\u212a", "k"},                                         // the sign of the kelvin
+        {"\uff21", "\uff41"},                                    // wide letters
+        {"\U00010400\U0001e921", "\U00010428\U0001e943"},        // beyond 16 bits
+        {"\u6771\u4eac \U0001F600", "\u6771\u4eac \U0001F600"},  // what has no case
+    };
+    for (const Row& row : rows) {
+        EXPECT_TRUE(IsSameWithoutCase(row.upper, row.lower)) << row.lower;
+        EXPECT_EQ(WithoutCase(row.upper), row.lower);
+        EXPECT_EQ(WithoutCase(row.lower), row.lower);
+        EXPECT_FALSE(IsLessWithoutCase(row.upper, row.lower));
+        EXPECT_FALSE(IsLessWithoutCase(row.lower, row.upper));
+    }
+    EXPECT_FALSE(IsSameWithoutCase("\u00d7", "\u00f7")) << "signs, not letters";
+    EXPECT_FALSE(IsSameWithoutCase("\u00df", "ss"));
+}
+
+TEST(Case, FoldingOnceIsEnough) {
+    for (char32_t character = 0; character <= 0x10FFFF; ++character) {
+        const char32_t folded = FoldedCharacter(character);
+        ASSERT_EQ(FoldedCharacter(folded), folded) << static_cast<std::uint32_t>(character);
+    }
+}
+
+TEST(Case, KeepsMalformedBytes) {
+    for (const std::string_view text :
+         {std::string_view("\xFF"), std::string_view("\xC3"), std::string_view("a\xE2\x82z"),
+          std::string_view("\xC0\x80"), std::string_view("\xED\xA0\x80"),
+          std::string_view("\0\x80", 2)}) {
+        EXPECT_EQ(WithoutCase(text), text);
+        EXPECT_TRUE(IsSameWithoutCase(text, text));
+        EXPECT_FALSE(IsLessWithoutCase(text, text));
+    }
+    EXPECT_FALSE(IsSameWithoutCase("\xC4", "\xE4"));
+    EXPECT_TRUE(IsSameWithoutCase("A\xFF", "a\xFF"));
+    EXPECT_TRUE(IsLessWithoutCase("\U0010FFFF", "\x80"));
+}
+
+TEST(Case, OrdersByCharacters) {
     EXPECT_TRUE(IsLessWithoutCase("a", "B"));
     EXPECT_FALSE(IsLessWithoutCase("B", "a"));
     EXPECT_FALSE(IsLessWithoutCase("A", "a"));
     EXPECT_TRUE(IsLessWithoutCase("a", "ab"));
     EXPECT_TRUE(IsLessWithoutCase("z", "\u00e9"));
+    EXPECT_TRUE(IsLessWithoutCase("\u00e9", "\u00ca"));
+    EXPECT_TRUE(IsLessWithoutCase("\uffff", "\U00010000"));
+    EXPECT_FALSE(IsLessWithoutCase("", ""));
+    EXPECT_TRUE(IsLessWithoutCase("", "a"));
 }
 
 }  // namespace

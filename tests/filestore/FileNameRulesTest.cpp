@@ -83,4 +83,11 @@ TEST(ResultName, NeedsALetterOrADigitOfTheSet) {
         EXPECT_FALSE(HoldsLetterOrDigit(name)) << name;
 }
 
+TEST(EntryName, HoldsNoSeparator) {
+    for (const char* name : {"a", "", ".", "..", "a.b", "C:", "a*b", "\xff"})
+        EXPECT_TRUE(IsNameOfOneEntry(name)) << name;
+    for (const char* name : {"\\", "/", "..\\x", "a/b", "a\\"})
+        EXPECT_FALSE(IsNameOfOneEntry(name)) << name;
+}
+
 }  // namespace

@@ -9,7 +9,9 @@
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "k4cmndlg/frame/contracts/Shell.h"
@@ -314,8 +316,9 @@ TEST_F(CopyOperationTest, PipesAndDevicesAreRefusedWithoutWaiting) {
     EXPECT_EQ(k4suite::CopyFiles({"/dev/zero"}, (folder / "to").string(), 0, ui),
               kFileOperationFailed);
     EXPECT_TRUE(In("to").empty());
-    EXPECT_EQ(k4suite::CopyOneFile((folder / "pipe").string(), (folder / "to/pipe").string(), false,
-                                   [](std::uint64_t) { return true; }),
+    k4suite::FileCopies copies;
+    EXPECT_EQ(copies.Copy((folder / "pipe").string(), (folder / "to/pipe").string(), false,
+                          [](std::uint64_t) { return true; }),
               CopyResult::Failed);
 
     folder.Write("a", "one");
@@ -400,8 +403,9 @@ TEST_F(CopyOperationTest, FullDiskEndsItAndLeavesNoPartOfAFile) {
         EXPECT_EQ(Copy({"a", "b", "c"}, "to"), kFileOperationFailed);
         EXPECT_EQ(In("to"), Names{"a"});
         EXPECT_EQ(folder.Read("to/a"), "small");
-        EXPECT_EQ(k4suite::CopyOneFile((folder / "b").string(), (folder / "to/b").string(), false,
-                                       [](std::uint64_t) { return true; }),
+        k4suite::FileCopies copies;
+        EXPECT_EQ(copies.Copy((folder / "b").string(), (folder / "to/b").string(), false,
+                              [](std::uint64_t) { return true; }),
                   CopyResult::DiskFull);
         EXPECT_EQ(In("to"), Names{"a"});
     });
@@ -420,6 +424,132 @@ TEST_F(CopyOperationTest, FileThatAppearsMeanwhileIsNotReplaced) {
     EXPECT_EQ(Copy({"a"}, "to"), kFileOperationFailed);
     EXPECT_EQ(In("to"), Names{"a"});
     EXPECT_EQ(folder.Read("to/a"), "somebody else's");
+}
+
+// Many files ---------------------------------------------------------------------------------
+
+TEST_F(CopyOperationTest, HundredsOfSmallFilesAllGetTheirNames) {
+    Names names;
+    for (int number = 100; number < 400; ++number) {
+        names.push_back("f" + std::to_string(number));
+        folder.Write(names.back(), names.back());
+    }
+    EXPECT_EQ(Copy(names, "to"), kFileOperationDone);
+    EXPECT_EQ(In("to"), names);
+    for (const std::string& name : names)
+        EXPECT_EQ(folder.Read("to/" + name), name);
+}
+
+TEST_F(CopyOperationTest, NoNameStandsForLessThanItsFile) {
+    const std::string content(3 * kMegabyte, 'x');
+    for (const char* name : {"a", "b", "c", "d", "e", "f", "g", "h"})
+        folder.Write(name, content);
+    std::size_t most = 0;
+    ui.goOn = [&](const ScriptedFileUi::Step&) {
+        std::size_t unfinished = 0;
+        for (const auto& entry : fs::directory_iterator(folder / "to")) {
+            const bool isHidden = entry.path().filename().string().starts_with(".k4copy-");
+            unfinished += isHidden ? 1 : 0;
+            EXPECT_TRUE(isHidden || entry.file_size() == content.size()) << entry.path();
+        }
+        most = std::max(most, unfinished);
+        return true;
+    };
+    EXPECT_EQ(Copy({"a", "b", "c", "d", "e", "f", "g", "h"}, "to"), kFileOperationDone);
+    EXPECT_EQ(In("to").size(), 8u);
+    EXPECT_GT(most, 1u);
+    EXPECT_LT(most, 8u) << "large files don't wait for all the others";
+}
+
+TEST_F(CopyOperationTest, WhatWasCopiedBeforeACancelStays) {
+    for (const char* name : {"a", "b", "c"})
+        folder.Write(name, name);
+    ui.goOn = [](const ScriptedFileUi::Step& step) { return step.name != "c"; };
+    EXPECT_EQ(Copy({"a", "b", "c"}, "to"), kFileOperationCancelled);
+    EXPECT_EQ(In("to"), (Names{"a", "b"}));
+}
+
+TEST_F(CopyOperationTest, FileOfOneNameInTwoFoldersIsAskedAbout) {
+    for (const char* from : {"one", "two"}) {
+        fs::create_directory(folder / from);
+        folder.Write(std::string(from) + "/a", from);
+    }
+    ui.answers = {FileAnswer::No};
+    EXPECT_EQ(Copy({"one/a", "two/a"}, "to"), kFileOperationDone);
+    EXPECT_EQ(ui.questions.size(), 1u);
+    EXPECT_EQ(folder.Read("to/a"), "one");
+    EXPECT_EQ(In("to"), Names{"a"});
+}
+
+TEST_F(CopyOperationTest, NamesThatTheFolderTakesForOneAreAskedAbout) {
+    folder.Write("a", "small letter");
+    folder.Write("A", "capital");
+    ui.answers = {FileAnswer::Yes};
+    const auto placeOf = [this](const std::string& name) {
+        const fs::path small = folder / "to/a";
+        return fs::exists(small) ? small.string() : (folder / "to" / name).string();
+    };
+    EXPECT_EQ(k4suite::CopyFiles({(folder / "a").string(), (folder / "A").string()},
+                                 (folder / "to").string(), 0, ui, placeOf),
+              kFileOperationDone);
+    EXPECT_EQ(ui.questions.size(), 1u);
+    EXPECT_EQ(In("to"), Names{"a"});
+    EXPECT_EQ(folder.Read("to/a"), "capital");
+}
+
+TEST_F(CopyOperationTest, FileThatCantGetItsNameDoesntKeepTheOthersFromTheirs) {
+    for (const char* name : {"a", "b", "c"})
+        folder.Write(name, name);
+    ui.goOn = [this](const ScriptedFileUi::Step& step) {
+        if (step.name == "c")
+            folder.Write("to/b", "somebody else's");
+        return true;
+    };
+    EXPECT_EQ(Copy({"a", "b", "c"}, "to"), kFileOperationFailed);
+    EXPECT_EQ(In("to"), (Names{"a", "b", "c"}));
+    EXPECT_EQ(folder.Read("to/b"), "somebody else's");
+    EXPECT_EQ(folder.Read("to/c"), "c");
+}
+
+/// Looks into a folder when it is asked, and says No.
+class Looking final : public k4suite::FileOperationUi {
+ public:
+    explicit Looking(std::function<void()> look) : m_look(std::move(look)) {}
+    FileAnswer Confirm(const FileQuestion&) override {
+        m_look();
+        return FileAnswer::No;
+    }
+    void Begin(const std::string&) override {}
+    bool Progress(std::uint64_t, std::uint64_t, const std::string&) override { return true; }
+    void End() override {}
+
+ private:
+    std::function<void()> m_look;
+};
+
+TEST_F(CopyOperationTest, AQuestionFindsTheFilesBeforeItUnderTheirNames) {
+    folder.Write("a", "one");
+    folder.Write("b", "two");
+    folder.Write("to/b", "before");
+    Names seen;
+    Looking looking([&] { seen = In("to"); });
+    EXPECT_EQ(k4suite::CopyFiles({(folder / "a").string(), (folder / "b").string()},
+                                 (folder / "to").string(), 0, looking),
+              kFileOperationDone);
+    EXPECT_EQ(seen, (Names{"a", "b"}));
+}
+
+TEST_F(CopyOperationTest, CopiesWithoutNamesGoWithTheirOwner) {
+    folder.Write("a", "one");
+    {
+        k4suite::FileCopies copies;
+        EXPECT_EQ(copies.Copy((folder / "a").string(), (folder / "to/a").string(), false,
+                              [](std::uint64_t) { return true; }),
+                  CopyResult::Done);
+        EXPECT_TRUE(copies.IsPending((folder / "to/A").string()));
+        EXPECT_EQ(In("to").size(), 1u);
+    }
+    EXPECT_TRUE(In("to").empty());
 }
 
 }  // namespace
