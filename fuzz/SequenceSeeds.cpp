@@ -103,6 +103,23 @@ void WriteBulbs(const fs::path& folder) {
                       {color, depth, 4, 40, 0, 0xFF, 0, 0x5A, 0x81, 0x3C});
 }
 
+/// Two bytes that stand for a day, then the text of a schedule.
+void WriteSchedules(const fs::path& folder) {
+    constexpr const char* kEntries[] = {
+        "at 06:00 mon-fri  play Morning.SQ4\n",
+        "at 06:00:30 sat,sun  play \"Weekend Welcome.SQ4\" num-times 3 # twice\r\n",
+        "at 02:30 daily next\nat 02:59:59 fri-mon stop\nat 00:00 blank\nat 23:59:59 default\n",
+        "at 20:00 dim manual 96\nat 05:55 dim photocell -10\nat 01:00 dim remote\n",
+        "at 03:00 dim scheduled\n\nat 1:00 stop\n",
+    };
+    for (const std::string entries : kEntries) {
+        const std::string text = "\x10\x51" + entries;
+        WriteSeed(folder, "entries" + std::to_string(entries.size()), {text.begin(), text.end()});
+    }
+    const std::string whole = "\x10\x51\xEF\xBB\xBFK4 schedule 1\nat 06:00 play a.SQ4 12 1\nbad";
+    WriteSeed(folder, "whole", {whole.begin(), whole.end()});
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -115,6 +132,7 @@ int main(int argc, char** argv) {
         fs::create_directories(seeds);
         WriteSequences(seeds);
         WritePacked(seeds / "UnpackersFuzzer");
+        WriteSchedules(seeds / "ScheduleFuzzer");
         WriteBulbs(seeds / "BulbsFuzzer");
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());

@@ -11,7 +11,9 @@ namespace preview {
 namespace {
 
 constexpr milliseconds kShortestTick{15};  // no screen shows more pictures than that
-constexpr int kSliceMilliseconds = 8;      // how long reading may keep the window waiting
+// A timer can't wait for as long as a frame can stand; when it has come, there is a next one.
+constexpr milliseconds kLongestTick{std::chrono::hours(1)};
+constexpr int kSliceMilliseconds = 8;  // how long reading may keep the window waiting
 constexpr int kStepsAtOnce = 64;
 
 constexpr char kNothing[] =
@@ -110,11 +112,15 @@ void Player::TakeNext() {
     m_wantsToPlay = m_wantsToPlay || IsPlaying();
     m_tick.stop();
     m_clock.Stand();
+    const bool wasAtEnd = CanPlay() && m_clock.Position() >= Line().Duration();
     m_reader = std::move(m_next);
     m_loader.Forget();
     if (m_wantsToPlay && CanPlay())
         m_index = Line().IndexAt(std::chrono::floor<milliseconds>(m_clock.Position()));
     ShowWhatIsThere();
+    // What stands plays on from what is seen, or from the beginning behind the end.
+    if (!m_wantsToPlay && !Line().IsEmpty())
+        m_clock.SetPosition(wasAtEnd ? Line().Duration() : Line().At(m_index).start);
 }
 
 void Player::ShowWhatIsThere() {
@@ -213,7 +219,7 @@ void Player::Schedule() {
     const milliseconds wait = m_clock.Until(moment.End());
     if ((isAll && m_isLooping && IsComplete()) || (atEndOfKnown && wait.count() == 0))
         return;
-    m_tick.start(std::max(wait, kShortestTick));
+    m_tick.start(std::clamp(wait, kShortestTick, kLongestTick));
 }
 
 void Player::GoTo(std::size_t index) {

@@ -51,7 +51,7 @@ PreviewWindow::PreviewWindow(k4suite::IniRegistry& registry, const k4suite::Data
     : m_registry(registry),
       m_requests(registry, home),
       m_area(new PictureArea),
-      m_name(new ElidedLabel("name")),
+      m_name(new ElidedLabel("name", ElidedLabel::Kind::Path)),
       m_facts(new ElidedLabel("facts")),
       m_slider(new QSlider(Qt::Horizontal)),
       m_place(new ElidedLabel("place")),

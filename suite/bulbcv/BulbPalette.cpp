@@ -1,6 +1,6 @@
 #include "suite/bulbcv/BulbPalette.h"
 
-#include "suite/signservice/Shades.h"
+#include "suite/lamps/Shades.h"
 
 namespace k4suite {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "k4cmndlg/filestore/contracts/K4BulbCv.h"
-#include "suite/signservice/LampTechnology.h"
+#include "suite/lamps/LampTechnology.h"
 
 namespace k4suite {
 

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <limits>
 
+#include "suite/bulbcv/BulbEncoder.h"
 #include "suite/bulbcv/OneBitKernels.h"
 #include "suite/bulbcv/PackedKernels.h"
 #include "suite/bulbcv/PlaneKernels.h"
 #include "suite/bulbcv/QuadKernels.h"
-#include "suite/signservice/BulbEncoder.h"
 
 namespace k4suite {
 

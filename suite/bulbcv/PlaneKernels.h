@@ -1,7 +1,7 @@
 #pragma once
 
 #include "suite/bulbcv/BulbLines.h"
-#include "suite/signservice/LampTechnology.h"
+#include "suite/lamps/LampTechnology.h"
 
 namespace k4suite {
 

@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "suite/bulbcv/BitSpread.h"
-#include "suite/signservice/Shades.h"
+#include "suite/lamps/Shades.h"
 
 namespace k4suite {
 

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <vector>
 
-#include "suite/signservice/Shades.h"
+#include "suite/lamps/Shades.h"
 
 namespace k4suite {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "suite/signservice/LampTechnology.h"
-#include "suite/signservice/Lamps.h"
+#include "suite/lamps/LampTechnology.h"
+#include "suite/lamps/Lamps.h"
 
 namespace k4suite {
 

@@ -3,9 +3,11 @@
 #include <array>
 #include <filesystem>
 #include <span>
+#include <stdexcept>
 #include <system_error>
 
 #include "suite/settings/FileLock.h"
+#include "suite/signservice/SignStateFile.h"
 #include "suite/store/FolderFiles.h"
 #include "suite/store/UnfinishedCopy.h"
 
@@ -21,36 +23,42 @@ struct SignRow {
     std::uint32_t columns;
     tag_K4_SIGN_COLOR color;
     tag_K4_PIXEL_TECH pixel;
-    const char* place;  ///< the first of its further texts: where it hangs
+    const char* place;     ///< the first of its further texts: where it hangs
+    const char* sequence;  ///< in its library "Default": what it plays to begin with
 };
 
 // clang-format off
 constexpr std::array kLocalSigns{
-    SignRow{"Main Board",  64, 192, K4_SIGN_COLOR_RGB16M, K4_PIXEL_TECH_LED,     "Stadium, north stand"},
-    SignRow{"Scoreboard",  48, 160, K4_SIGN_COLOR_QUAD16, K4_PIXEL_TECH_INCAND,  "Stadium, south stand"},
-    SignRow{"Ticker",      16,  96, K4_SIGN_COLOR_MONO16, K4_PIXEL_TECH_LED,     "Stadium, balcony"},
-    SignRow{"Arrivals",    16,  48, K4_SIGN_COLOR_TRI3,   K4_PIXEL_TECH_LED,     "Car park"},
+    SignRow{"Main Board",  64, 192, K4_SIGN_COLOR_RGB16M, K4_PIXEL_TECH_LED,     "Stadium, north stand",   "Welcome"},
+    SignRow{"Scoreboard",  48, 160, K4_SIGN_COLOR_QUAD16, K4_PIXEL_TECH_INCAND,  "Stadium, south stand",   "Score"},
+    SignRow{"Ticker",      16,  96, K4_SIGN_COLOR_MONO16, K4_PIXEL_TECH_LED,     "Stadium, balcony",       "News"},
+    SignRow{"Arrivals",    16,  48, K4_SIGN_COLOR_TRI3,   K4_PIXEL_TECH_LED,     "Car park",               "Spaces"},
 };
 constexpr std::array kNorthTowerSigns{
-    SignRow{"Tower Wall",  64, 256, K4_SIGN_COLOR_RGB64,  K4_PIXEL_TECH_LED,     "North face"},
-    SignRow{"Clock Face",  32,  64, K4_SIGN_COLOR_QUAD16, K4_PIXEL_TECH_INCAND,  "East face"},
-    SignRow{"Weather",     16,  48, K4_SIGN_COLOR_MONO1,  K4_PIXEL_TECH_REFLECT, "Roof"},
-    SignRow{"Front Door",   7,  80, K4_SIGN_COLOR_MONO1,  K4_PIXEL_TECH_LED,     "Entrance"},
+    SignRow{"Tower Wall",  64, 256, K4_SIGN_COLOR_RGB64,  K4_PIXEL_TECH_LED,     "North face",             "Aurora"},
+    SignRow{"Clock Face",  32,  64, K4_SIGN_COLOR_QUAD16, K4_PIXEL_TECH_INCAND,  "East face",              "Clock"},
+    SignRow{"Weather",     16,  48, K4_SIGN_COLOR_MONO1,  K4_PIXEL_TECH_REFLECT, "Roof",                   "Sunny"},
+    SignRow{"Front Door",   7,  80, K4_SIGN_COLOR_MONO1,  K4_PIXEL_TECH_LED,     "Entrance",               "Welcome"},
 };
 constexpr std::array kHarbourGateSigns{
-    SignRow{"Lane Board",  64, 256, K4_SIGN_COLOR_QUAD16, K4_PIXEL_TECH_INCAND,  "Bridge"},
-    SignRow{"Ferry",       24,  96, K4_SIGN_COLOR_MONO16, K4_PIXEL_TECH_LED,     "Pier 2"},
-    SignRow{"Berth 1",     16,  64, K4_SIGN_COLOR_TRI3,   K4_PIXEL_TECH_LED,     "Pier 1"},
-    SignRow{"Tide",        16,  48, K4_SIGN_COLOR_MONO1,  K4_PIXEL_TECH_REFLECT, "Lighthouse"},
+    SignRow{"Lane Board",  64, 256, K4_SIGN_COLOR_QUAD16, K4_PIXEL_TECH_INCAND,  "Bridge",                 "Regatta"},
+    SignRow{"Ferry",       24,  96, K4_SIGN_COLOR_MONO16, K4_PIXEL_TECH_LED,     "Pier 2",                 "Times"},
+    SignRow{"Berth 1",     16,  64, K4_SIGN_COLOR_TRI3,   K4_PIXEL_TECH_LED,     "Pier 1",                 "Berth Free"},
+    SignRow{"Tide",        16,  48, K4_SIGN_COLOR_MONO1,  K4_PIXEL_TECH_REFLECT, "Lighthouse",             "High Tide"},
+};
+/// Signs that are reached by telephone alone.
+constexpr std::array kObservatorySigns{
+    SignRow{"Dome",        32, 128, K4_SIGN_COLOR_RGB4K,  K4_PIXEL_TECH_LED,     "Above the slit",         "Comet"},
+    SignRow{"Path",        32,  96, K4_SIGN_COLOR_MONO64, K4_PIXEL_TECH_LED,     "Where the road ends",    "Moon"},
 };
 /// Signs that hang nowhere any more. Their sequences are kept, and are of sizes and technologies
-/// that no sign has.
+/// that no sign on the network has.
 constexpr std::array kArchivedSigns{
-    SignRow{"",            64, 128, K4_SIGN_COLOR_RGB16MB, K4_PIXEL_TECH_LED,    ""},
-    SignRow{"",            32, 128, K4_SIGN_COLOR_RGB4K,   K4_PIXEL_TECH_LED,    ""},
-    SignRow{"",            48,  96, K4_SIGN_COLOR_QUAD256, K4_PIXEL_TECH_INCAND, ""},
-    SignRow{"",            32,  96, K4_SIGN_COLOR_MONO64,  K4_PIXEL_TECH_LED,    ""},
-    SignRow{"",            24,  80, K4_SIGN_COLOR_TRI256,  K4_PIXEL_TECH_LED,    ""},
+    SignRow{"",            64, 128, K4_SIGN_COLOR_RGB16MB, K4_PIXEL_TECH_LED,    "",                       ""},
+    SignRow{"",            32, 128, K4_SIGN_COLOR_RGB4K,   K4_PIXEL_TECH_LED,    "",                       ""},
+    SignRow{"",            48,  96, K4_SIGN_COLOR_QUAD256, K4_PIXEL_TECH_INCAND, "",                       ""},
+    SignRow{"",            32,  96, K4_SIGN_COLOR_MONO64,  K4_PIXEL_TECH_LED,    "",                       ""},
+    SignRow{"",            24,  80, K4_SIGN_COLOR_TRI256,  K4_PIXEL_TECH_LED,    "",                       ""},
 };
 // clang-format on
 
@@ -62,8 +70,8 @@ constexpr std::array kPaletteLibraries{"Default", "Events"};
 constexpr std::chrono::milliseconds kPatience{10000};
 
 ServiceSetup Service(const char* name, std::vector<std::string> servers,
-                     std::span<const SignRow> signs) {
-    ServiceSetup service{name, {}, std::move(servers), {}};
+                     std::span<const SignRow> signs, const char* phoneBookEntry = "") {
+    ServiceSetup service{name, phoneBookEntry, std::move(servers), {}};
     for (const SignRow& row : signs) {
         SignSetup sign;
         sign.name = row.name;
@@ -138,6 +146,36 @@ void MakeStores(const DataHome& home, const MachineSettings& machines, const fs:
         filler.AddSignType(kArchive, sign.settings);
 }
 
+const char* SequenceOf(const std::string& sign) {
+    for (const std::span<const SignRow> rows :
+         {std::span<const SignRow>(kLocalSigns), std::span<const SignRow>(kNorthTowerSigns),
+          std::span<const SignRow>(kHarbourGateSigns), std::span<const SignRow>(kObservatorySigns)})
+        for (const SignRow& row : rows)
+            if (row.name == sign)
+                return row.sequence;
+    return "";
+}
+
+/// Gives signs that never played their first sequence, as their default one, where it is there.
+void MakeStates(const DataHome& home, const MachineSettings& machines) {
+    FolderFiles files(home);
+    for (const ServiceSetup& service : machines.services)
+        for (const SignSetup& sign : service.signs) {
+            const k4cmn::SignSettings& of = sign.settings;
+            const SignStateFile state(home.SignState(), service.name, sign.name);
+            SignKept kept;
+            kept.defaultOrder.sequence =
+                service.servers.front() + "\\" +
+                files.BuildSign(of.rows, of.columns, of.color, of.pixel, 0) +
+                ".Sign\\Default.Lib\\" + SequenceOf(sign.name) + ".SQ4";
+            const bool isNew = !fs::exists(fs::symlink_status(state.Path()));
+            std::string problem;
+            if (isNew && fs::exists(files.NativePath(kept.defaultOrder.sequence)) &&
+                !state.Write(kept, problem))
+                throw std::runtime_error(problem);
+        }
+}
+
 bool HasData(const DataHome& home) {
     const std::string settings = home.MachineSettings().string();
     return fs::exists(fs::symlink_status(settings)) ||
@@ -158,6 +196,8 @@ MachineSettings SampleMachines() {
     machines.services.push_back(
         Service("North Tower", {"\\\\TOWER\\SIGNS", "\\\\TOWER\\ARCHIVE"}, kNorthTowerSigns));
     machines.services.push_back(Service("Harbour Gate", {"\\\\HARBOUR\\SIGNS"}, kHarbourGateSigns));
+    machines.services.push_back(
+        Service("Observatory", {"\\\\OBSERVATORY\\SIGNS"}, kObservatorySigns, "Hilltop"));
     return machines;
 }
 
@@ -182,6 +222,7 @@ int SeedSampleData(const DataHome& home, std::string* problem, const fs::path& c
             return 1;
         const MachineSettings machines = SampleMachines();
         MakeStores(home, machines, content);
+        MakeStates(home, machines);
         if (!WriteMachineSettings(home, machines))
             return Failed(problem, home.MachineSettings().string() + " can't be written.");
         return 1;

@@ -8,8 +8,9 @@
 
 namespace k4suite {
 
-/// The machines that a new home begins with: "Local", "North Tower" and "Harbour Gate", each with
-/// its servers and with signs of different size, color and pixel technology, the largest one first.
+/// The machines that a new home begins with: "Local", "North Tower" and "Harbour Gate", and behind
+/// the phone book entry "Hilltop" the "Observatory". Each has its servers, and signs of different
+/// size, color and pixel technology, the largest one first.
 MachineSettings SampleMachines();
 
 /// The folder of the sample content that belongs to this program: "../share/k4400/sample" from the
@@ -18,8 +19,8 @@ std::filesystem::path SampleContentFolder();
 
 /// Puts sample data into a home that has none yet: the machine settings; on each server the sign
 /// type folders of the machine's signs, each with its palette twin and its libraries; and in these
-/// the sample content. One server, the archive, has the folders of signs that hang nowhere any
-/// more.
+/// the sample content, of which each sign has a sequence that it plays to begin with. One server,
+/// the archive, has the folders of signs that hang nowhere any more.
 ///
 /// A home with machine settings, or with damaged ones that were set aside, is not touched. The
 /// machine settings are written last, so that a home that was left half filled is filled at the

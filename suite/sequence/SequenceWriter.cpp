@@ -38,27 +38,41 @@ fs::path FolderOf(const std::string& path) {
     return folder.empty() ? fs::path(".") : folder;
 }
 
-/// Makes a new file with the permissions of any, beside its later place, under a name that the
-/// store doesn't list.
-/// @param name becomes its path.
-/// @return null with errno.
-std::FILE* MakeUnfinished(const std::string& path, std::string& name) {
+/// A name beside a file's place that the store doesn't list. Each call gives another one.
+std::string NameBeside(const std::string& path) {
     static std::atomic<unsigned> counter = 0;
-    constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOCTTY;
-    int file = -1;
-    do {
-        name = FolderOf(path) / (std::string(kUnfinishedCopy) + std::to_string(getpid()) + "-" +
-                                 std::to_string(++counter));
-        file = open(name.c_str(), kFlags, 0666);
-    } while (file < 0 && errno == EEXIST);
-    if (file < 0)
-        return nullptr;
-    std::FILE* const stream = fdopen(file, "wb");
-    if (!stream) {
-        close(file);
-        unlink(name.c_str());
+    return FolderOf(path) / (std::string(kUnfinishedCopy) + std::to_string(getpid()) + "-" +
+                             std::to_string(++counter));
+}
+
+/// Makes a new file with the permissions of any, beside its later place: without a name, so that it
+/// goes with this process whatever ends that; or where the disk has no such files, with a name that
+/// the store doesn't list.
+/// @param name becomes its path; empty where it has none.
+/// @return nothing with errno.
+Descriptor MakeUnfinished(const std::string& path, std::string& name) {
+    constexpr int kFlags = O_WRONLY | O_CLOEXEC | O_NOCTTY;
+    name.clear();
+    int file = open(FolderOf(path).c_str(), kFlags | O_TMPFILE, 0666);
+    while (file < 0 && (name.empty() || errno == EEXIST)) {
+        name = NameBeside(path);
+        file = open(name.c_str(), kFlags | O_CREAT | O_EXCL, 0666);
     }
-    return stream;
+    return Descriptor(file);
+}
+
+/// Gives a file without a name one beside its later place.
+/// @param name becomes its path.
+/// @return false with errno.
+bool NameUnfinished(int file, const std::string& path, std::string& name) {
+    const std::string open = "/proc/self/fd/" + std::to_string(file);
+    do {
+        name = NameBeside(path);
+        if (linkat(AT_FDCWD, open.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0)
+            return true;
+    } while (errno == EEXIST);
+    name.clear();
+    return false;
 }
 
 /// Sees to it that a folder's names outlive the machine. Not every disk can; the file is there in
@@ -111,12 +125,18 @@ SequenceWriter::SequenceWriter(std::string path, const SequenceFacts& facts)
         return;
     }
     std::string name;
-    m_file = MakeUnfinished(m_path, name);
-    if (!m_file) {
+    Descriptor file = MakeUnfinished(m_path, name);
+    if (!file) {
         Fail("Cannot make \"" + m_path + "\": " + SystemWords() + ".");
         return;
     }
     m_unfinished = name;
+    m_file = fdopen(file.Get(), "wb");
+    if (!m_file) {
+        Fail("Cannot make \"" + m_path + "\": " + SystemWords() + ".");
+        return;
+    }
+    static_cast<void>(file.Release());
     Write(BytesOf(m_head));
 }
 
@@ -221,10 +241,12 @@ bool SequenceWriter::CompleteHead() {
 bool SequenceWriter::Finish() {
     if (!m_problem.empty())
         return false;
-    if (m_unfinished.empty())
+    if (!m_file)
         return Fail("The file is complete.");
     if (!CompleteHead())
         return false;
+    if (m_unfinished.empty() && !NameUnfinished(fileno(m_file), m_path, m_unfinished))
+        return Fail("Cannot make \"" + m_path + "\": " + SystemWords() + ".");
     if (std::fclose(std::exchange(m_file, nullptr)) != 0)
         return Fail("Cannot write \"" + m_path + "\": " + SystemWords() + ".");
     if (rename(m_unfinished.c_str(), m_path.c_str()) != 0)

@@ -28,8 +28,9 @@ struct SequenceFacts {
 };
 
 /// Makes a sequence file. The file appears, or replaces the one that was there, when Finish()
-/// succeeds; until then it is written beside its place, under a name that the store doesn't list,
-/// and goes with the object.
+/// succeeds; until then it is written beside its place, without a name, and goes with the object or
+/// with the process. Where the disk has no files without a name it has one that the store doesn't
+/// list, and goes with the object.
 /// After the first failure every operation fails, with the words of that failure.
 /// Threads: one at a time.
 class SequenceWriter {
@@ -66,7 +67,7 @@ class SequenceWriter {
     bool CompleteHead();
 
     const std::string m_path;
-    std::string m_unfinished;  ///< the path beside the place; empty if there is no file there
+    std::string m_unfinished;  ///< the path beside the place; empty while there is none
     std::FILE* m_file = nullptr;
     SequenceHead m_head;
     std::uint64_t m_written = 0;

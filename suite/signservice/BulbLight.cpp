@@ -9,8 +9,8 @@
 #include "suite/bulbcv/BulbLines.h"
 #include "suite/bulbcv/BulbPalette.h"
 #include "suite/bulbcv/PlaneBulbCv.h"
+#include "suite/lamps/Lowered.h"
 #include "suite/signservice/DibEncoder.h"
-#include "suite/signservice/Lowered.h"
 
 namespace k4suite {
 

@@ -4,7 +4,7 @@
 #include <span>
 
 #include "k4cmndlg/filestore/SignTypes.h"
-#include "suite/signservice/Lamps.h"
+#include "suite/lamps/Lamps.h"
 
 namespace k4suite {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <span>
 
-#include "suite/signservice/Lamps.h"
+#include "suite/lamps/Lamps.h"
 
 namespace k4suite {
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <span>
 
-#include "suite/signservice/BulbEncoder.h"
+#include "suite/bulbcv/BulbEncoder.h"
 #include "suite/signservice/DibEncoder.h"
 #include "suite/signservice/EngineRpc.h"
 #include "suite/signservice/Machine.h"

@@ -7,6 +7,7 @@
 #include "k4cmndlg/filestore/SignLimits.h"
 #include "k4cmndlg/frame/Format.h"
 #include "suite/settings/NameText.h"
+#include "suite/signservice/FileNames.h"
 #include "suite/signservice/PictureComposer.h"
 
 namespace k4suite {
@@ -67,10 +68,21 @@ Machine::Machine(const ServiceSetup& setup, const SequenceStore& store,
         if (!problem.empty())
             problems.push_back(problem);
         ChooseWindowSigns(post->sign, kept ? &*kept : nullptr, post->sign.Windows());
-        if (kept)
+        if (kept) {
             post->sign.Restore(*kept, now);
+            TellEndedSchedule(*kept, post->sign, problems);
+        }
         post->flag = m_firstFlag;
     }
+}
+
+void Machine::TellEndedSchedule(const SignKept& kept, const Sign& sign,
+                                std::vector<std::string>& problems) const {
+    if (kept.schedule && !sign.Schedule())
+        problems.push_back(Format(
+            "The schedule \"%s\" of the sign \"%s\" of the machine \"%s\" was ended: it can't "
+            "be read any more.",
+            kept.schedule->file.c_str(), sign.Name().c_str(), m_name.c_str()));
 }
 
 // A window shows the sign that it showed before. One without takes its turn among the smaller

@@ -55,6 +55,8 @@ class Machine {
     };
 
     void ChooseWindowSigns(const Sign& sign, const SignKept* kept, SignWindows& windows) const;
+    void TellEndedSchedule(const SignKept& kept, const Sign& sign,
+                           std::vector<std::string>& problems) const;
     Post& PostOf(const Sign& sign);
 
     std::string m_name;

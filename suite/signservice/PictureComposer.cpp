@@ -4,8 +4,8 @@
 #include <map>
 #include <utility>
 
-#include "suite/signservice/BulbDecoder.h"
-#include "suite/signservice/BulbEncoder.h"
+#include "suite/bulbcv/BulbDecoder.h"
+#include "suite/bulbcv/BulbEncoder.h"
 #include "suite/signservice/BulbLight.h"
 #include "suite/signservice/DibEncoder.h"
 #include "suite/signservice/Machine.h"

@@ -5,8 +5,8 @@
 #include <span>
 #include <vector>
 
+#include "suite/lamps/Shades.h"
 #include "suite/signservice/Dimming.h"
-#include "suite/signservice/Shades.h"
 #include "suite/signservice/Sign.h"
 
 namespace k4suite {

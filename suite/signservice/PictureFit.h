@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "suite/signservice/Lamps.h"
+#include "suite/lamps/Lamps.h"
 
 namespace k4suite {
 

@@ -47,8 +47,12 @@ void Player::Start(PlayOrder order, std::unique_ptr<FrameSource> frames, TimePoi
 void Player::Resume(PlayPosition position, std::unique_ptr<FrameSource> frames, TimePoint now) {
     Take(std::move(frames));
     m_position = std::move(position);
-    m_position.started = std::min(m_position.started, now);
+    CatchUpWith(now);
     m_position.frame = std::min(m_position.frame, m_frames->FrameCount() - 1);
+}
+
+void Player::CatchUpWith(TimePoint now) {
+    m_position.started = std::min(m_position.started, now);
 }
 
 void Player::Hold(std::uint32_t frame, PlayState state) {

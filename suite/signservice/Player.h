@@ -46,6 +46,9 @@ class Player {
     /// Goes on where another player was; a position out of the sequence is brought into it.
     void Resume(PlayPosition position, std::unique_ptr<FrameSource> frames, TimePoint now);
 
+    /// Begins the sequence anew if it was started later than now: the clock was set back, and
+    /// nobody is to wait until it is there again.
+    void CatchUpWith(TimePoint now);
     /// When the sequence ends by itself, if that is now or before.
     std::optional<TimePoint> EndedBy(TimePoint now) const;
     /// Begins the same order anew, as if it had been repeated without a gap until now.

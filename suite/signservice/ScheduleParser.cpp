@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "suite/settings/NameText.h"
+#include "suite/signservice/FileNames.h"
 #include "suite/signservice/ScheduleWords.h"
-#include "suite/signservice/SequenceStore.h"
 
 namespace k4suite {
 
@@ -62,13 +62,22 @@ std::int64_t TakeNumber(Line& line, std::int64_t least, std::int64_t most) {
     return number.value_or(least);
 }
 
+void CheckSequenceName(const std::string& name, Line& line) {
+    if (!IsSequenceName(name))
+        line.Fail(Quoted(name) + " is no sequence; its name must end in .SQ4.");
+    else if (HasControlCharacters(name))
+        line.Fail(Quoted(name) + " can't be a sequence's name: it has control characters.");
+    else if (name.size() > kLongestFileName)
+        line.Fail(Quoted(name) + " can't be a sequence's name: it has more than " +
+                  std::to_string(kLongestFileName) + " bytes.");
+}
+
 ScheduleAction TakePlay(Line& line) {
     if (line.IsAtEnd())
         line.Fail("play needs a sequence.");
     PlayOrder order;
     order.sequence = line.Take();
-    if (!IsFileName(order.sequence) || !IsSequenceName(order.sequence))
-        line.Fail(Quoted(order.sequence) + " is no sequence; its name must end in .SQ4.");
+    CheckSequenceName(order.sequence, line);
     if (!line.IsAtEnd()) {
         const std::string word = line.Take();
         const auto mode = ModeOfWord(word);

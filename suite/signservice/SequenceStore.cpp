@@ -1,8 +1,8 @@
 #include "suite/signservice/SequenceStore.h"
 
-#include <algorithm>
+#include <string_view>
 
-#include "suite/settings/NameText.h"
+#include "suite/signservice/FileNames.h"
 #include "suite/signservice/ScheduleFile.h"
 #include "suite/signservice/SequenceFrames.h"
 #include "suite/signservice/TestPattern.h"
@@ -10,16 +10,6 @@
 namespace k4suite {
 
 namespace {
-
-bool IsSameAscii(std::string_view one, std::string_view other) {
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                      [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
-}
-
-bool EndsIn(std::string_view name, std::string_view ending) {
-    return name.size() > ending.size() &&
-           IsSameAscii(name.substr(name.size() - ending.size()), ending);
-}
 
 /// The name that the test pattern's look goes by.
 constexpr char kTestPatternLook[] = "test pattern.sq4";
@@ -29,18 +19,6 @@ bool IsTestPattern(std::string_view name) {
 }
 
 }  // namespace
-
-bool IsFileName(std::string_view name) {
-    const auto isControl = [](char byte) {
-        return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
-    };
-    return !name.empty() && name.size() <= kLongestFileName &&
-           std::none_of(name.begin(), name.end(), isControl) && IsUtf8(name);
-}
-
-bool IsSequenceName(std::string_view name) {
-    return EndsIn(name, ".SQ4");
-}
 
 std::unique_ptr<FrameSource> SequenceStore::Open(const std::string& file,
                                                  const k4cmn::SignSettings& sign) const {
@@ -58,7 +36,7 @@ std::string SequenceStore::SequenceOfSchedule(const std::string& sequence,
 
 std::optional<std::vector<std::uint8_t>> SequenceStore::ReadSchedule(
     const std::string& file) const {
-    if (!IsFileName(file) || !EndsIn(file, ".SD4"))
+    if (!IsFileName(file) || !IsScheduleName(file))
         return std::nullopt;
     const std::string native = m_files.NativePath(file);
     std::string ignored;  // the reply has no room for words

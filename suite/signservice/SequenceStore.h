@@ -4,7 +4,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "k4cmndlg/filestore/contracts/FilesProvider.h"
@@ -39,12 +38,5 @@ class SequenceStore {
  private:
     k4cmn::FilesProvider& m_files;
 };
-
-/// Whether a name can stand in the replies of the service: text, not empty, not too long, without
-/// control characters.
-bool IsFileName(std::string_view name);
-
-/// Whether a name has the ending of a sequence, SQ4 in any case.
-bool IsSequenceName(std::string_view name);
 
 }  // namespace k4suite

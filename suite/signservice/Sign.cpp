@@ -30,8 +30,10 @@ void Sign::Restore(const SignKept& kept, TimePoint now) {
 }
 
 void Sign::RestorePlaying(const std::optional<PlayPosition>& position, TimePoint now) {
+    // The test pattern stood in for a default sequence that couldn't be played then.
+    const bool isStandIn = position && position->isDefault && position->order != m_default;
     std::unique_ptr<FrameSource> frames;
-    if (position)
+    if (position && !(isStandIn && CanPlay(m_default)))
         frames = m_store.Open(position->order.sequence, m_setup.settings);
     if (frames && Player::CanPlay(position->order, *frames)) {
         m_player.Resume(*position, std::move(frames), now);
@@ -67,6 +69,7 @@ void Sign::Changed() {
 }
 
 void Sign::AdvanceTo(TimePoint now) {
+    m_player.CatchUpWith(now);
     FollowSchedule(now);
     EndSequences(now);
 }

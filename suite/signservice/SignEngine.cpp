@@ -6,6 +6,7 @@
 
 #include "k4cmndlg/frame/Format.h"
 #include "suite/settings/NameText.h"
+#include "suite/signservice/FileNames.h"
 #include "suite/signservice/Machine.h"
 
 namespace k4suite {

@@ -8,8 +8,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "suite/signservice/FileNames.h"
 #include "suite/signservice/Schedule.h"
-#include "suite/signservice/SequenceStore.h"
 #include "suite/signservice/SignWindows.h"
 
 namespace k4suite {

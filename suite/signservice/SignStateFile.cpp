@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "k4cmndlg/frame/Format.h"
+#include "suite/platform/WholeFile.h"
 #include "suite/signservice/NameHash.h"
 #include "suite/signservice/SignState.h"
 
@@ -91,7 +92,7 @@ bool SignStateFile::Write(const SignKept& kept, std::string& problem) const {
     fs::create_directories(m_path.parent_path(), error);
     QSaveFile file(QtPath(m_path));
     const QByteArray bytes = QJsonDocument(ToJson(kept)).toJson();
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    if (WriteWholeFile(file, bytes))
         return true;
     problem = Format("The sign state \"%s\" can't be written: %s.", m_path.c_str(),
                      file.errorString().toStdString().c_str());

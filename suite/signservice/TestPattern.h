@@ -4,8 +4,8 @@
 #include <string>
 
 #include "k4cmndlg/filestore/contracts/RegistryProvider.h"
+#include "suite/lamps/LampTechnology.h"
 #include "suite/signservice/FrameSource.h"
-#include "suite/signservice/LampTechnology.h"
 
 namespace k4suite {
 

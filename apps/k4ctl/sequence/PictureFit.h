@@ -3,7 +3,7 @@
 #include <QImage>
 #include <cstdint>
 
-#include "suite/signservice/Lamps.h"
+#include "suite/lamps/Lamps.h"
 
 namespace k4ctl {
 

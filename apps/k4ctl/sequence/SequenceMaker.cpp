@@ -4,8 +4,8 @@
 
 #include "apps/k4ctl/sequence/PictureReader.h"
 #include "k4cmndlg/frame/Format.h"
+#include "suite/bulbcv/BulbEncoder.h"
 #include "suite/dither/Dither.h"
-#include "suite/signservice/BulbEncoder.h"
 
 namespace k4ctl {
 

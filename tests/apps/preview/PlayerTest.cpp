@@ -100,6 +100,18 @@ TEST_F(PlayerTest, WhenAFramesTimeEndsItTicksByItself) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return player.Index() == 1; }));
 }
 
+TEST_F(PlayerTest, AFrameMayStandLongerThanAnyTimerWaits) {
+    constexpr std::uint32_t kLongest = 0xFFFFFFFF;  // milliseconds, some seven weeks
+    Open(MakeFrames("Goal.SQ4", {kLongest, 100}), true);
+    for (const std::size_t speed : {std::size_t{0}, std::size_t{1}, preview::kOwnSpeed}) {
+        player.SetSpeed(speed);
+        EXPECT_FALSE(player.IsIdle()) << speed;
+    }
+    time.Advance(milliseconds(kLongest));
+    player.Tick();
+    EXPECT_EQ(player.Index(), 1u);
+}
+
 TEST_F(PlayerTest, RepeatingTakesNoTimeFromTheNextRound) {
     Open(MakeFrames("Goal.SQ4", {100, 100}), true);
     Wait(1'000'150);
@@ -353,6 +365,30 @@ TEST_F(PlayerTest, AReplacedFileIsReadAnewWhilePaused) {
     player.GoTo(1);
     MakeFrames("Goal.SQ4", {100});
     ASSERT_TRUE(QTest::qWaitFor([&] { return player.Line().Count() == 1; }));
+    EXPECT_EQ(player.Index(), 0u);
+}
+
+TEST_F(PlayerTest, BehindAChangeWhilePausedItPlaysOnFromTheFrameThatIsSeen) {
+    Open(MakeFrames("Goal.SQ4", {100, 100, 100}));
+    player.GoTo(2);
+    MakeFrames("Goal.SQ4", {1000, 1000, 1000, 1000});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return player.Line().Count() == 4; }));
+    EXPECT_EQ(player.Index(), 2u);
+    player.Play();
+    EXPECT_EQ(player.Index(), 2u);
+    Wait(1000);
+    EXPECT_EQ(player.Index(), 3u);
+}
+
+TEST_F(PlayerTest, BehindAChangeAtTheEndItPlaysFromTheBeginning) {
+    player.SetLooping(false);
+    Open(MakeFrames("Goal.SQ4", {100, 100}), true);
+    Wait(200);
+    ASSERT_FALSE(player.IsPlaying());
+    MakeFrames("Goal.SQ4", {1000, 1000, 1000});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return player.Line().Count() == 3; }));
+    EXPECT_EQ(player.Index(), 1u);
+    player.Play();
     EXPECT_EQ(player.Index(), 0u);
 }
 

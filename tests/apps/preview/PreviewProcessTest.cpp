@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QProcess>
 #include <QTest>
@@ -7,6 +8,7 @@
 #include <fstream>
 #include <memory>
 
+#include "suite/platform/SuitePrograms.h"
 #include "tests/apps/preview/PreviewFixture.h"
 
 namespace {
@@ -49,8 +51,11 @@ class PreviewProcess : public k4test::PreviewFixture {
         return ended && process->exitStatus() == QProcess::NormalExit ? process->exitCode() : -1;
     }
     static bool HoldsOpen(const QProcess& process, const std::string& native) {
+        return HoldsOpen(process.processId(), native);
+    }
+    static bool HoldsOpen(qint64 process, const std::string& native) {
         std::error_code failed;
-        const fs::path open = "/proc/" + std::to_string(process.processId()) + "/fd";
+        const fs::path open = "/proc/" + std::to_string(process) + "/fd";
         for (fs::directory_iterator at(open, failed), end; !failed && at != end;
              at.increment(failed)) {
             std::error_code ignored;
@@ -58,6 +63,20 @@ class PreviewProcess : public k4test::PreviewFixture {
                 return true;
         }
         return false;
+    }
+    /// The process of the program that is this process's child; 0 without one.
+    static pid_t Child() {
+        for (const auto& entry : fs::directory_iterator("/proc")) {
+            std::ifstream in(entry.path() / "stat");
+            int process = 0;
+            int parent = 0;
+            std::string name;
+            std::string state;
+            if (in >> process >> name >> state >> parent && parent == getpid() &&
+                name == "(K4Prevu)")
+                return process;
+        }
+        return 0;
     }
     bool ComesToShow(const QProcess& process, const std::string& name) {
         return QTest::qWaitFor([&] { return HoldsOpen(process, Native(name)); }, kLongest);
@@ -79,6 +98,24 @@ TEST_F(PreviewProcess, PlaysTheSequenceOfTheSettingsAndThenTheNextOne) {
     EXPECT_TRUE(ComesToShow(*first, "Two.SQ4"));
     EXPECT_FALSE(HoldsOpen(*first, Native("One.SQ4")));
     EXPECT_EQ(first->state(), QProcess::Running);
+}
+
+TEST_F(PreviewProcess, IsStartedAsAProgramOfTheSuite) {
+    const std::uint32_t second = 1;
+    MakeEqualFrames("One.SQ4", 10, 50);
+    ASSERT_EQ(suite.Registry().SetPreviewOptions(Path("One.SQ4"), {nullptr, nullptr, &second}), 1);
+    k4suite::SuitePrograms programs(
+        {{"K4_HOME", home.Path().string()}, {"QT_QPA_PLATFORM", "offscreen"}});
+    const std::string programFolder = fs::path(K4PREVU_PROGRAM).parent_path().string();
+    const std::unique_ptr<k4cmn::RunningProgram> record =
+        programs.Start(programFolder + "\\K4Prevu.exe", k4cmn::SW_RESTORE);
+    ASSERT_NE(record, nullptr);
+    const pid_t process = Child();
+    ASSERT_NE(process, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return HoldsOpen(process, Native("One.SQ4")); }, kLongest));
+    EXPECT_TRUE(record->IsRunning());
+    ::kill(process, SIGTERM);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !record->IsRunning(); }, kLongest));
 }
 
 TEST_F(PreviewProcess, ASecondStartEndsAndTheFirstRunsOn) {

@@ -11,10 +11,12 @@
 #include <QScrollBar>
 #include <QSlider>
 #include <QTest>
+#include <QTextDocument>
 #include <QToolButton>
 #include <QWheelEvent>
 
 #include "apps/parts/SignView.h"
+#include "apps/preview/ElidedLabel.h"
 #include "apps/preview/PictureArea.h"
 #include "tests/apps/preview/PreviewFixture.h"
 #include "tests/support/DrivenClock.h"
@@ -25,7 +27,9 @@ namespace {
 using k4suite::SequenceWriter;
 using preview::milliseconds;
 using preview::PreviewWindow;
+using testing::EndsWith;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 class PreviewWindowTest : public k4test::PreviewFixture {
  protected:
@@ -135,6 +139,19 @@ TEST_F(PreviewWindowTest, TextsOfAFileAreTextsAndNoMarkup) {
     EXPECT_THAT(Text("facts"), HasSubstr("Keywords: <b>x</b>; <img src=y> ;"));
     EXPECT_EQ(Child<QLabel>("facts")->textFormat(), Qt::PlainText);
     EXPECT_THAT(Child<QLabel>("facts")->toolTip().toStdString(), HasSubstr("&lt;b&gt;"));
+}
+
+TEST_F(PreviewWindowTest, NameOfALongPathIsSeenAndItsTipTellsAll) {
+    const std::string path = "A:\\" + std::string(200, 'f') + ".Fld\\R&D.SQ4";
+    Open(path);
+    auto* name = Child<preview::ElidedLabel>("name");
+    EXPECT_THAT(name->Shown().toStdString(), EndsWith("\\R&D.SQ4"));
+    EXPECT_THAT(name->Shown().toStdString(), StartsWith("A:\\ff"));
+    EXPECT_LT(name->Shown().size(), 200);
+    QTextDocument tip;
+    tip.setHtml(name->toolTip());
+    EXPECT_EQ(tip.toPlainText().toStdString(), path);
+    EXPECT_TRUE(Qt::mightBeRichText(name->toolTip()));
 }
 
 // Keys -------------------------------------------------------------------------------------------

@@ -4,8 +4,8 @@
 #include <array>
 #include <cstring>
 
-#include "suite/signservice/LampTechnology.h"
-#include "suite/signservice/Shades.h"
+#include "suite/lamps/LampTechnology.h"
+#include "suite/lamps/Shades.h"
 
 namespace k4test {
 

@@ -4,8 +4,8 @@
 #include <cstring>
 #include <limits>
 
+#include "suite/bulbcv/BulbEncoder.h"
 #include "suite/bulbcv/PlaneBulbCv.h"
-#include "suite/signservice/BulbEncoder.h"
 #include "tests/suite/bulbcv/PageEndBytes.h"
 
 namespace {

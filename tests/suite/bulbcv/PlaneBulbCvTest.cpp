@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "k4cmndlg/filestore/contracts/SequenceRecords.h"
-#include "suite/signservice/BulbEncoder.h"
+#include "suite/bulbcv/BulbEncoder.h"
 #include "tests/suite/bulbcv/PageEndBytes.h"
 #include "tests/suite/bulbcv/PlainBulbCv.h"
 

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "k4cmndlg/filestore/SignNames.h"
-#include "suite/signservice/Shades.h"
+#include "suite/lamps/Shades.h"
 
 namespace {
 

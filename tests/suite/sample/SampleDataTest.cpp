@@ -8,6 +8,7 @@
 #include <set>
 
 #include "k4cmndlg/filestore/SignLimits.h"
+#include "suite/signservice/SignStateFile.h"
 #include "suite/store/FolderFiles.h"
 #include "tests/support/TempFolder.h"
 
@@ -50,7 +51,14 @@ TEST_F(Sample, NewHomeGetsTheMachines) {
     std::vector<std::string> names;
     for (const ServiceSetup& service : machine.services)
         names.push_back(service.name);
-    EXPECT_EQ(names, (std::vector<std::string>{"Local", "North Tower", "Harbour Gate"}));
+    EXPECT_EQ(names,
+              (std::vector<std::string>{"Local", "North Tower", "Harbour Gate", "Observatory"}));
+}
+
+TEST_F(Sample, TheObservatoryAloneIsReachedByTelephone) {
+    for (const ServiceSetup& service : SampleMachines().services)
+        EXPECT_EQ(service.phoneBookEntry, service.name == "Observatory" ? "Hilltop" : "")
+            << service.name;
 }
 
 TEST_F(Sample, LocalHasTheMainBoardAndTheScoreboard) {
@@ -70,7 +78,7 @@ TEST_F(Sample, LocalHasTheMainBoardAndTheScoreboard) {
 
 TEST_F(Sample, SignsAreLegalAndDiffer) {
     for (const ServiceSetup& service : SampleMachines().services) {
-        EXPECT_GE(service.signs.size(), 3u);
+        EXPECT_GE(service.signs.size(), service.phoneBookEntry.empty() ? 3u : 1u);
         std::set<std::string> names;
         std::set<std::pair<std::uint32_t, std::uint32_t>> sizes;
         for (const SignSetup& sign : service.signs) {
@@ -194,7 +202,7 @@ TEST_F(Sample, ProcessesThatSeedTogetherBothSucceed) {
     EXPECT_EQ(status, 0);
     MachineSettings machine;
     EXPECT_EQ(ReadMachineSettings(home, machine, &problem), 1);
-    EXPECT_EQ(machine.services.size(), 3u);
+    EXPECT_EQ(machine.services.size(), 4u);
 }
 
 // Content -----------------------------------------------------------------------------------------
@@ -235,6 +243,35 @@ TEST_F(Sample, StoresHaveSignTypesOfEightColorTechnologiesAtLeast) {
                                       type.find('.', type.find('.') + 1) - type.find('.') - 1));
     }
     EXPECT_GE(colors.size(), 8u);
+}
+
+/// What the home keeps of a sign's default sequence; empty if it keeps nothing of the sign.
+std::string KeptDefault(const DataHome& home, const char* machine, const char* sign) {
+    std::string problem;
+    const auto kept = SignStateFile(home.SignState(), machine, sign).Read(problem);
+    EXPECT_EQ(problem, "");
+    return kept ? kept->defaultOrder.sequence : std::string();
+}
+
+TEST_F(Sample, SignsBeginWithTheirFirstSequenceWhereItIsThere) {
+    folder.Write("content/16x96.Mono16.LED.Sign/Default.Lib/News.SQ4", "news");
+    folder.Write("content/32x96.Mono64.LED.Sign/Default.Lib/Moon.SQ4", "moon");
+    folder.Write("content/64x192.RGB16M.LED.Sign/Default.Lib/Other.SQ4", "other");
+    ASSERT_EQ(Seed(&problem), 1) << problem;
+    EXPECT_EQ(KeptDefault(home, "Local", "Ticker"),
+              "A:\\16x96.Mono16.LED.Sign\\Default.Lib\\News.SQ4");
+    EXPECT_EQ(KeptDefault(home, "Observatory", "Path"),
+              "\\\\OBSERVATORY\\SIGNS\\32x96.Mono64.LED.Sign\\Default.Lib\\Moon.SQ4");
+    EXPECT_EQ(KeptDefault(home, "Local", "Main Board"), "");
+}
+
+TEST_F(Sample, WhatASignKeepsAlreadyStays) {
+    folder.Write("content/16x96.Mono16.LED.Sign/Default.Lib/News.SQ4", "news");
+    SignKept kept;
+    kept.defaultOrder.sequence = "A:\\Mine.SQ4";
+    ASSERT_TRUE(SignStateFile(home.SignState(), "Local", "Ticker").Write(kept, problem)) << problem;
+    ASSERT_EQ(Seed(&problem), 1) << problem;
+    EXPECT_EQ(KeptDefault(home, "Local", "Ticker"), "A:\\Mine.SQ4");
 }
 
 TEST_F(Sample, ContentNeverReplacesAFile) {

@@ -4,12 +4,14 @@
 #include "suite/store/UnfinishedCopy.h"
 #include "tests/suite/sequence/FlushedFiles.h"
 #include "tests/suite/sequence/FullDisk.h"
+#include "tests/suite/sequence/NamedFilesOnly.h"
 #include "tests/suite/sequence/SequenceFixture.h"
 
 using k4suite::SequenceWriter;
 using k4test::Bytes;
 using k4test::FlushedFiles;
 using k4test::FullDisk;
+using k4test::NamedFilesOnly;
 using k4test::SequenceFixture;
 
 namespace {
@@ -36,10 +38,35 @@ TEST_F(SequenceMaking, UnfinishedFileGoesAndLeavesTheFormerOne) {
     {
         SequenceWriter writer(Path(), Facts());
         ASSERT_TRUE(writer.AddGraphic(k4cmn::kGraphicFrame, 1, Bytes(16)));
+        EXPECT_EQ(FilesInFolder(), 1U) << "it has no name, so that nothing can be left behind";
+    }
+    EXPECT_EQ(FilesInFolder(), 1U);
+    EXPECT_EQ(Content(), "former");
+}
+
+TEST_F(SequenceMaking, UnfinishedFileHasANameWhereItMustHaveOneAndGoesTheSame) {
+    const NamedFilesOnly named;
+    SetContent("former");
+    {
+        SequenceWriter writer(Path(), Facts());
+        ASSERT_TRUE(writer.AddGraphic(k4cmn::kGraphicFrame, 1, Bytes(16)));
         EXPECT_EQ(FilesInFolder(), 2U);
     }
     EXPECT_EQ(FilesInFolder(), 1U);
     EXPECT_EQ(Content(), "former");
+    MakeGraphic(1);
+    EXPECT_EQ(FilesInFolder(), 1U);
+    EXPECT_EQ(Opened()->FrameCount(), 1);
+}
+
+TEST_F(SequenceMaking, FileThatCantTakeItsPlaceLeavesNothing) {
+    std::filesystem::create_directory(Path());
+    {
+        SequenceWriter writer(Path(), Facts());
+        EXPECT_FALSE(writer.Finish());
+        EXPECT_EQ(writer.Problem(), "Cannot make \"" + Path() + "\": Is a directory.");
+    }
+    EXPECT_EQ(FilesInFolder(), 1U);
 }
 
 TEST_F(SequenceMaking, FinishedFileReplacesTheFormerOneForEveryoneWhoMayReadNewFiles) {
@@ -71,6 +98,7 @@ TEST_F(SequenceMaking, LongestNameOfAFileIsMade) {
 }
 
 TEST_F(SequenceMaking, UnfinishedFileHasANameThatTheStoreDoesntList) {
+    const NamedFilesOnly named;
     SequenceWriter writer(Path(), Facts());
     for (const auto& entry : std::filesystem::directory_iterator(m_folder.Path()))
         EXPECT_EQ(entry.path().filename().string().rfind(k4suite::kUnfinishedCopy, 0), 0U);

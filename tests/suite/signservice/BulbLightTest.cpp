@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "suite/signservice/BulbDecoder.h"
-#include "suite/signservice/BulbEncoder.h"
+#include "suite/bulbcv/BulbDecoder.h"
+#include "suite/bulbcv/BulbEncoder.h"
+#include "suite/lamps/Shades.h"
 #include "suite/signservice/DibEncoder.h"
-#include "suite/signservice/Shades.h"
 #include "tests/suite/signservice/SequenceFiles.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include "k4cmndlg/filestore/contracts/K4BulbCv.h"
 #include "suite/bulbcv/PlaneBulbCv.h"
-#include "suite/signservice/Shades.h"
+#include "suite/lamps/Shades.h"
 #include "tests/suite/signservice/EngineSequenceFixture.h"
 
 // Real sequences on signs: their frames, times and pictures.

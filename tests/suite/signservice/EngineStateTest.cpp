@@ -4,7 +4,9 @@
 #include <filesystem>
 
 #include "suite/signservice/SignStateFile.h"
+#include "tests/suite/sequence/FullDisk.h"
 #include "tests/suite/signservice/EngineRig.h"
+#include "tests/support/TempFolder.h"
 
 namespace {
 
@@ -113,6 +115,18 @@ TEST(EngineState, AClockThatWasSetBackStartsTheSequenceAnew) {
     EXPECT_EQ(rig.Status().frame, 2U);
 }
 
+TEST(EngineState, AClockThatWasSetBackDoesntMakeASequenceWaitForItsTime) {
+    EngineRig rig;
+    ASSERT_EQ(rig.Play(kShow, K4_PLAY_SEQ_NUM_TIMES, 2), 0);
+    rig.clock.Advance(-std::chrono::hours(24));
+    const std::uint32_t flag = rig.ChangeFlag();
+    rig.clock.Advance(milliseconds(300));
+    EXPECT_EQ(rig.Status().frame, 4U);
+    EXPECT_NE(rig.ChangeFlag(), flag);
+    rig.clock.Advance(std::chrono::seconds(8));
+    EXPECT_EQ(rig.Status().sequence, "Test Pattern.SQ4") << "it ends after two times";
+}
+
 TEST(EngineState, WhatIsPlayingMayHaveGone) {
     EngineRig rig;
     rig.KeepBusy();
@@ -123,6 +137,45 @@ TEST(EngineState, WhatIsPlayingMayHaveGone) {
     rig.Restart();
     EXPECT_EQ(rig.Status().sequence, "Test Pattern.SQ4");
     EXPECT_EQ(rig.DefaultFlag(), 1U);
+}
+
+TEST(EngineState, TheDefaultSequenceComesBackWithItsFile) {
+    EngineRig rig;
+    ASSERT_EQ(rig.rpc->k4ssSetDefaultSequence("Main", kShow, K4_PLAY_SEQ_CONTINUOUS, 0), 0);
+    const fs::path file = rig.store.Path() / "show.SQ4";
+    fs::rename(file, rig.store.Path() / "away");
+    rig.Restart();
+    ASSERT_EQ(rig.Status().sequence, "Test Pattern.SQ4");
+    // Something else of the sign is changed, so that all of it is kept anew.
+    ASSERT_EQ(rig.rpc->k4ssSetDimming("Main", K4_SIGN_DIM_MANUAL, 9), 0);
+    fs::rename(rig.store.Path() / "away", file);
+    rig.clock.Advance(milliseconds(5050));
+    rig.Restart();
+    EXPECT_EQ(rig.Status().sequence, kShow);
+    EXPECT_EQ(rig.DefaultFlag(), 1U);
+    EXPECT_EQ(rig.Status().frame, 1U);
+}
+
+TEST(EngineState, ADefaultSequenceThatPlaysGoesOnWhereItWas) {
+    EngineRig rig;
+    ASSERT_EQ(rig.rpc->k4ssSetDefaultSequence("Main", kShow, K4_PLAY_SEQ_CONTINUOUS, 0), 0);
+    rig.clock.Advance(milliseconds(1250));
+    rig.Restart();
+    EXPECT_EQ(rig.Status().frame, 13U);
+}
+
+TEST(EngineState, AScheduleThatCantGoOnIsTold) {
+    EngineRig rig;
+    ASSERT_EQ(rig.rpc->k4ssRunSchedule("Main", "S:\\day.SD4", 0), 0);
+    std::string kept = rig.state.Read(EngineRig::StateFile());
+    const std::string bytes = "\"bytes\": \"";
+    kept.insert(kept.find(bytes) + bytes.size(), "AAAA");
+    rig.state.Write(EngineRig::StateFile(), kept);
+    rig.Restart();
+    EXPECT_EQ(
+        rig.engine->Problems(),
+        (std::vector<std::string>{"The schedule \"S:\\day.SD4\" of the sign \"Main\" of the "
+                                  "machine \"Local\" was ended: it can't be read any more."}));
 }
 
 TEST(EngineState, AScheduleIsKeptAsItWasWhenItWasStarted) {
@@ -230,6 +283,30 @@ TEST(EngineState, SignsOfAnyNameKeepTheirState) {
     rig.Restart();
     for (std::size_t sign = 1; sign <= 3; ++sign)
         EXPECT_EQ(rig.Config(settings.services[0].signs[sign].name)[7], std::to_string(sign));
+}
+
+TEST(EngineState, AFullDiskLeavesTheStateThatWasThere) {
+    const k4test::TempFolder folder;
+    const k4suite::SignStateFile file(folder.Path(), "Local", "Main");
+    std::string problem;
+    k4suite::SignKept kept;
+    kept.defaultOrder.sequence = kShow;
+    ASSERT_TRUE(file.Write(kept, problem)) << problem;
+
+    // Of any length around that of what is written in one go.
+    for (const std::size_t length : {2'000U, 12'000U, 12'300U, 40'000U}) {
+        kept.defaultOrder.sequence = "S:\\other.SQ4";
+        kept.schedule = k4suite::RunningSchedule{"S:\\plan.SD4", {}, {}};
+        kept.schedule->bytes.assign(length, 'x');
+        {
+            const k4test::FullDisk disk(1'000);
+            EXPECT_FALSE(file.Write(kept, problem)) << length;
+        }
+        EXPECT_NE(problem.find("can't be written"), std::string::npos);
+        const std::optional<k4suite::SignKept> read = file.Read(problem);
+        ASSERT_TRUE(read) << length;
+        EXPECT_EQ(read->defaultOrder.sequence, kShow) << length;
+    }
 }
 
 }  // namespace

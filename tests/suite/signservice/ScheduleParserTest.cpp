@@ -180,7 +180,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadRow{"EmptyFile", "at 06:00 play \"\"",
                "\"\" is no sequence; its name must end in .SQ4."},
         BadRow{"ControlCharacter", "at 06:00 play \"a\tb.SQ4\"",
-               "\"a\tb.SQ4\" is no sequence; its name must end in .SQ4."},
+               "\"a\tb.SQ4\" can't be a sequence's name: it has control characters."},
         BadRow{"UnknownMode", "at 06:00 play x.SQ4 forever", ModeWords("forever")},
         BadRow{"Mode13", "at 06:00 play x.SQ4 13", ModeWords("13")},
         BadRow{"ModeWithBlank", "at 06:00 play x.SQ4 num times 3", ModeWords("num")},
@@ -271,6 +271,16 @@ TEST(ScheduleParser, EveryBadLineIsTold) {
     for (const ScheduleProblem& problem : schedule.problems)
         lines.push_back(problem.line);
     EXPECT_THAT(lines, ElementsAre(1, 3, 4, 6));
+}
+
+TEST(ScheduleParser, ALongNameOfASequenceIsToldAsWhatItIs) {
+    const std::string ending = ".SQ4";
+    const std::string longest = std::string(260 - ending.size(), 'x') + ending;
+    EXPECT_THAT(WithLine("at 06:00 play " + longest).problems, IsEmpty());
+    const ParsedSchedule schedule = WithLine("at 06:00 play x" + longest);
+    ASSERT_EQ(schedule.problems.size(), 1U);
+    EXPECT_EQ(schedule.problems[0].words,
+              "\"x" + longest + "\" can't be a sequence's name: it has more than 260 bytes.");
 }
 
 TEST(ScheduleParser, AnyBytesAreReadToTheirEnd) {

@@ -7,6 +7,7 @@
 
 #include "apps/k4ctl/ScheduleCommand.h"
 #include "apps/k4ctl/sequence/SequenceCommands.h"
+#include "apps/k4ctl/store/StoreCommands.h"
 #include "tests/apps/k4ctl/CommandRun.h"
 #include "tests/apps/k4ctl/Examples.h"
 #include "tests/support/TempFolder.h"
@@ -24,6 +25,9 @@ constexpr const char* kSequenceCommands[] = {"make", "show", "export", "check"};
 constexpr const char* kSignCommands[] = {"signs", "status", "config", "windows", "queue",  "play",
                                          "stop",  "blank",  "dim",    "window",  "default"};
 
+constexpr const char* kStoreCommands[] = {"ls", "tree",  "cp",     "mv",    "rename",
+                                          "rm", "mklib", "mktype", "report"};
+
 std::string AsGiven(const std::string& file) {
     return file;
 }
@@ -35,6 +39,9 @@ std::vector<std::unique_ptr<k4ctl::Command>> Commands() {
 std::vector<std::unique_ptr<k4ctl::Command>> AllOnFiles() {
     auto commands = Commands();
     commands.push_back(std::make_unique<k4ctl::ScheduleCommand>(AsGiven));
+    for (auto& command :
+         k4ctl::StoreCommands(k4suite::DataHome("/none"), k4ctl::Terminal::OfProcess()))
+        commands.push_back(std::move(command));
     return commands;
 }
 
@@ -59,6 +66,8 @@ TEST(Manual, ShowsExamplesThatAreUnderstoodForEveryCommand) {
     for (const char* command : kSequenceCommands)
         EXPECT_TRUE(has({"sequence", command})) << command;
     EXPECT_TRUE(has({"schedule", "check"}));
+    for (const char* command : kStoreCommands)
+        EXPECT_TRUE(has({"store", command})) << command;
 }
 
 TEST(SequenceHelp, OfTheProgramAndOfTheGroupListTheCommands) {

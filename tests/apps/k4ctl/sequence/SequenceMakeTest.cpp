@@ -4,7 +4,7 @@
 #include "apps/k4ctl/sequence/GifWriter.h"
 #include "apps/k4ctl/sequence/PictureColors.h"
 #include "k4cmndlg/filestore/SignNames.h"
-#include "suite/signservice/Shades.h"
+#include "suite/lamps/Shades.h"
 #include "tests/apps/k4ctl/sequence/SequenceRuns.h"
 #include "tests/suite/sequence/FullDisk.h"
 

@@ -1,8 +1,8 @@
-#include "suite/signservice/Shades.h"
+#include "suite/lamps/Shades.h"
 
 #include <algorithm>
 
-#include "suite/signservice/Lowered.h"
+#include "suite/lamps/Lowered.h"
 
 namespace k4suite {
 

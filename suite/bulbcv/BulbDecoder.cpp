@@ -1,4 +1,4 @@
-#include "suite/signservice/BulbDecoder.h"
+#include "suite/bulbcv/BulbDecoder.h"
 
 #include <bit>
 

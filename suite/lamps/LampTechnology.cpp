@@ -1,4 +1,4 @@
-#include "suite/signservice/LampTechnology.h"
+#include "suite/lamps/LampTechnology.h"
 
 namespace k4suite {
 

@@ -1,4 +1,4 @@
-#include "suite/signservice/BulbEncoder.h"
+#include "suite/bulbcv/BulbEncoder.h"
 
 namespace k4suite {
 

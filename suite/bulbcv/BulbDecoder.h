@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <span>
 
-#include "suite/signservice/Shades.h"
+#include "suite/lamps/Shades.h"
 
 namespace k4suite {
 

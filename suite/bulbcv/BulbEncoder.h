@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "suite/signservice/Shades.h"
+#include "suite/lamps/Shades.h"
 
 namespace k4suite {
 

@@ -3,8 +3,8 @@
 #include <array>
 #include <cstdint>
 
-#include "suite/signservice/LampTechnology.h"
-#include "suite/signservice/Lamps.h"
+#include "suite/lamps/LampTechnology.h"
+#include "suite/lamps/Lamps.h"
 
 namespace k4suite {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "k4cmndlg/filestore/SignTypes.h"
-#include "suite/signservice/Lamps.h"
+#include "suite/lamps/Lamps.h"
 
 namespace k4suite {
 
