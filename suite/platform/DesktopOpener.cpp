@@ -18,6 +18,7 @@
 
 #include "suite/platform/DesktopEntry.h"
 #include "suite/platform/FileSystem.h"
+#include "suite/platform/PrintableFile.h"
 
 namespace k4suite {
 
@@ -125,6 +126,19 @@ std::uint32_t DesktopOpener::RunOpener(const std::string& what) {
     const ProcessLauncher::Result result =
         m_launcher.Start({m_tools.opener, what}, m_tools.patience);
     return result.error ? kOpenNoProgram : Lookup(kOpenerCodes, result.exitCode, kOpenNoProgram);
+}
+
+std::uint32_t DesktopOpener::Print(const std::string& path) {
+    const std::string native = AbsolutePath(m_nativePath(path));
+    const OpenCode found = LookAt(native);
+    if (found != kOpenDone)
+        return found;
+    if (!IsPrintable(native))
+        return kOpenNoProgram;
+    const ProcessLauncher::Result result =
+        m_launcher.Start({m_tools.printer, "--", native}, m_tools.patience);
+    const bool isTaken = result.error == 0 && (result.exitCode == 0 || result.exitCode == -1);
+    return isTaken ? kOpenDone : kOpenNoProgram;
 }
 
 std::string DesktopOpener::CommandFor(const std::string& extension) const {

@@ -13,6 +13,7 @@ namespace k4suite {
 struct DesktopTools {
     std::string opener = "xdg-open";     ///< opens a link or a file
     std::string mimeQuery = "xdg-mime";  ///< "query default TYPE" names a desktop entry
+    std::string printer = "lp";          ///< prints a file
     /// An opener that still runs after this is taken to show the document: some stay until it is
     /// closed.
     std::chrono::milliseconds patience{3000};
@@ -41,6 +42,11 @@ class DesktopOpener {
     /// or the path of a file or folder. What lies here is looked at first, which is where the codes
     /// for "no file", "no path" and "denied" come from.
     std::uint32_t Open(const std::string& text);
+
+    /// Hands a file to the system's printing, which prints it on its default printer. A file that
+    /// isn't there, one that IsPrintable() refuses, such as a sequence (31), no such printing, no
+    /// printer: a code as Open() gives.
+    std::uint32_t Print(const std::string& path);
 
     /// The command of the default program for documents of an extension (".htm"), with "%1" for the
     /// document; empty if there is none.

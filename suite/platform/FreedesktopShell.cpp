@@ -71,6 +71,10 @@ std::uint32_t FreedesktopShell::OpenVerb(const std::string& text, int) {
     return m_opener.Open(text);
 }
 
+std::uint32_t FreedesktopShell::PrintVerb(const std::string& path) {
+    return m_opener.Print(path);
+}
+
 std::string FreedesktopShell::OpenCommand(const std::string& extension) {
     return m_opener.CommandFor(extension);
 }

@@ -39,6 +39,7 @@ class FreedesktopShell final : public k4cmn::Shell {
                                 const std::string& to, std::uint16_t flags) override;
     int DeleteFile(const std::string& path) override;
     std::uint32_t OpenVerb(const std::string& text, int showState) override;
+    std::uint32_t PrintVerb(const std::string& path) override;
     std::string OpenCommand(const std::string& extension) override;
     std::uint32_t Execute(const std::string& command, int showState) override;
 

@@ -1,9 +1,6 @@
 #include "suite/platform/ProcessLauncher.h"
 
-#include <fcntl.h>
 #include <poll.h>
-#include <signal.h>
-#include <spawn.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -11,46 +8,12 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "suite/platform/CleanStart.h"
 #include "suite/platform/Descriptor.h"
 
 namespace k4suite {
 
 namespace {
-
-/// What a started program takes over from this one: nothing open, no signal blocked or ignored.
-class CleanStart {
- public:
-    CleanStart() {
-        posix_spawn_file_actions_init(&m_files);
-        for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-            posix_spawn_file_actions_addopen(&m_files, stream, "/dev/null", O_RDWR, 0);
-        posix_spawn_file_actions_addclosefrom_np(&m_files, STDERR_FILENO + 1);
-
-        sigset_t signals;
-        posix_spawnattr_init(&m_attributes);
-        sigemptyset(&signals);
-        posix_spawnattr_setsigmask(&m_attributes, &signals);
-        sigaddset(&signals, SIGPIPE);
-        sigaddset(&signals, SIGXFSZ);
-        posix_spawnattr_setsigdefault(&m_attributes, &signals);
-        posix_spawnattr_setflags(
-            &m_attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-    }
-    ~CleanStart() {
-        posix_spawn_file_actions_destroy(&m_files);
-        posix_spawnattr_destroy(&m_attributes);
-    }
-    CleanStart(const CleanStart&) = delete;
-    CleanStart& operator=(const CleanStart&) = delete;
-
-    int Spawn(pid_t& process, char* const* arguments) {
-        return posix_spawnp(&process, arguments[0], &m_files, &m_attributes, arguments, environ);
-    }
-
- private:
-    posix_spawn_file_actions_t m_files;
-    posix_spawnattr_t m_attributes;
-};
 
 /// @return whether the process ended within the time.
 bool HasEnded(pid_t process, std::chrono::milliseconds patience) {
@@ -81,13 +44,8 @@ ProcessLauncher::Result ProcessLauncher::Start(const std::vector<std::string>& a
     Reap();
     if (arguments.empty())
         return {ENOENT, -1};
-    std::vector<char*> words;
-    for (const std::string& argument : arguments)
-        words.push_back(const_cast<char*>(argument.c_str()));
-    words.push_back(nullptr);
-
     pid_t process = 0;
-    if (const int error = CleanStart().Spawn(process, words.data()))
+    if (const int error = StartClean(arguments, {}, process))
         return {error, -1};
 
     int status = 0;

@@ -21,7 +21,8 @@ class RecordingShell final : public k4cmn::Shell {
         bool operator==(const Operation&) const = default;
     };
 
-    std::vector<std::string> calls;  ///< "open X 5", "delete X", "command .htm", "run X 5", ...
+    std::vector<std::string>
+        calls;  ///< "open X 5", "print X", "delete X", "command .htm", "run X 5", ...
     std::vector<Operation> operations;
 
     int tellsVersion = 1;
@@ -29,10 +30,12 @@ class RecordingShell final : public k4cmn::Shell {
     std::uint32_t operationResult = 0;
     std::vector<std::string> undeletable;  ///< paths that DeleteFile() refuses
     std::uint32_t openCode = 33;
+    std::uint32_t printCode = 33;
     std::string openCommand;
     std::uint32_t runCode = 33;
-    std::function<void()> onOpen;  ///< runs inside OpenVerb()
-    std::function<void()> onRun;   ///< runs inside Execute()
+    std::function<void()> onOperation;  ///< runs inside FileOperation()
+    std::function<void()> onOpen;       ///< runs inside OpenVerb()
+    std::function<void()> onRun;        ///< runs inside Execute()
 
     int GetMajorVersion(std::uint32_t* major) override {
         calls.emplace_back("version");
@@ -44,6 +47,8 @@ class RecordingShell final : public k4cmn::Shell {
                                 const std::string& to, std::uint16_t flags) override {
         calls.push_back("operation " + std::to_string(function));
         operations.push_back({function, from, to, flags});
+        if (onOperation)
+            onOperation();
         return operationResult;
     }
     int DeleteFile(const std::string& path) override {
@@ -55,6 +60,10 @@ class RecordingShell final : public k4cmn::Shell {
         if (onOpen)
             onOpen();
         return openCode;
+    }
+    std::uint32_t PrintVerb(const std::string& path) override {
+        calls.push_back("print " + path);
+        return printCode;
     }
     std::string OpenCommand(const std::string& extension) override {
         calls.push_back("command " + extension);

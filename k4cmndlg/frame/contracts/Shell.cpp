@@ -2,7 +2,17 @@
 
 namespace k4cmn {
 
+namespace {
+
+constexpr std::uint32_t kNoProgram = 31;
+
+}  // namespace
+
 Shell::~Shell() = default;
+
+std::uint32_t Shell::PrintVerb(const std::string&) {
+    return kNoProgram;
+}
 
 std::string PackPaths(const std::vector<std::string>& paths) {
     std::size_t length = 1;
@@ -30,7 +40,6 @@ std::vector<std::string> UnpackPaths(const std::string& packed) {
 namespace {
 
 constexpr std::uint32_t kFailed = 1;
-constexpr std::uint32_t kNoProgram = 31;
 
 class AbsentShell final : public Shell {
  public:

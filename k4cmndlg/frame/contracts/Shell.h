@@ -50,6 +50,11 @@ class K4CMNCORE_EXPORT Shell {
     ///         5 access denied, 31 no program for it, and so on.
     virtual std::uint32_t OpenVerb(const std::string& text, int showState) = 0;
 
+    /// Prints a document with the program made for it.
+    /// @return as OpenVerb(); 31 on a platform that has no such verb, and for what can't be
+    /// printed.
+    virtual std::uint32_t PrintVerb(const std::string& path);
+
     /// The command that the platform has registered for opening documents of an extension (".htm").
     /// @return the command with "%1" where the document goes, or the empty text if there is none.
     virtual std::string OpenCommand(const std::string& extension) = 0;

@@ -117,6 +117,57 @@ INSTANTIATE_TEST_SUITE_P(
         IdRow{"Ok", kFileProperties + 1, kFileProperties + 1, "OK"}),
     [](const auto& row) { return row.param.what; });
 
+constexpr std::uint32_t kFolders = 0x1000000 + (145u << 16);
+
+INSTANTIATE_TEST_SUITE_P(
+    CreateSignFolders, BuiltInHelp,
+    testing::Values(IdRow{"Page", 0x1020091, 0x1020091, "Create New Sign Folders"},
+                    IdRow{"Folder", kFolders + 1048, kFolders + 1048, "Folder"},
+                    IdRow{"Palette", kFolders + 1267, kFolders + 1267, "Create Palette Folder"},
+                    IdRow{"Rows", kFolders + 1015, kFolders + 1015, "Rows"},
+                    IdRow{"RowSpin", kFolders + 1019, kFolders + 1019, "Rows"},
+                    IdRow{"Columns", kFolders + 1017, kFolders + 1017, "Columns"},
+                    IdRow{"ColumnSpin", kFolders + 1020, kFolders + 1020, "Columns"},
+                    IdRow{"Color", kFolders + 1014, kFolders + 1014, "Color Technology"},
+                    IdRow{"Pixel", kFolders + 1021, kFolders + 1021, "Pixel Technology"},
+                    IdRow{"Servers", kFolders + 1022, kFolders + 1022, "Select Servers"},
+                    IdRow{"Ok", kFolders + 1, kFolders + 1, "OK"},
+                    IdRow{"Cancel", kFolders + 2, kFolders + 2, "Cancel"}),
+    [](const auto& row) { return row.param.what; });
+
+constexpr std::uint32_t kFileSelection = 0x1000000 + (110u << 16);
+constexpr std::uint32_t kCreateLibrary = 0x1000000 + (111u << 16);
+
+INSTANTIATE_TEST_SUITE_P(
+    FileSelection, BuiltInHelp,
+    testing::Values(
+        IdRow{"Page", 0x102006E, 0x102006E, "Select File"},
+        IdRow{"Tree", kFileSelection + 1070, kFileSelection + 1070,
+              "Servers, sign types and libraries"},
+        IdRow{"List", kFileSelection + 1071, kFileSelection + 1071, "Files"},
+        IdRow{"Path", kFileSelection + 1072, kFileSelection + 1072, "Path"},
+        IdRow{"FileName", kFileSelection + 1073, kFileSelection + 1073, "File name"},
+        IdRow{"FileTypes", kFileSelection + 1074, kFileSelection + 1074, "File types"},
+        IdRow{"LastModified", kFileSelection + 1075, kFileSelection + 1075, "Last modified"},
+        IdRow{"Up", kFileSelection + 1077, kFileSelection + 1077, "Up One Level"},
+        IdRow{"ListView", kFileSelection + 1078, kFileSelection + 1078, "List"},
+        IdRow{"Properties", kFileSelection + 1079, kFileSelection + 1079, "Properties"},
+        IdRow{"Details", kFileSelection + 1080, kFileSelection + 1080, "Details"},
+        IdRow{"Filter", kFileSelection + 1081, kFileSelection + 1081,
+              "Show Only Current Sign Type"},
+        IdRow{"PathLabel", kFileSelection + 1082, kFileSelection + 1082, "Path"},
+        IdRow{"FileNameLabel", kFileSelection + 1083, kFileSelection + 1083, "File name"},
+        IdRow{"FileTypesLabel", kFileSelection + 1084, kFileSelection + 1084, "File types"},
+        IdRow{"LastModifiedLabel", kFileSelection + 1085, kFileSelection + 1085, "Last modified"},
+        IdRow{"Ok", kFileSelection + 1, kFileSelection + 1, "OK"},
+        IdRow{"Cancel", kFileSelection + 2, kFileSelection + 2, "Cancel"},
+        IdRow{"CreateLibrary", 0x102006F, 0x102006F, "Create Library"},
+        IdRow{"SignFolder", kCreateLibrary + 1086, kCreateLibrary + 1086, "Sign folder"},
+        IdRow{"LibraryName", kCreateLibrary + 1087, kCreateLibrary + 1088, "Library name"},
+        IdRow{"CreateLibraryOk", kCreateLibrary + 1, kCreateLibrary + 1, "OK"},
+        IdRow{"CreateLibraryCancel", kCreateLibrary + 2, kCreateLibrary + 2, "Cancel"}),
+    [](const auto& row) { return row.param.what; });
+
 TEST(BuiltInHelpPages, IdsOfApplicationsAndUnknownOnesHaveNoTopic) {
     const HelpTopics topics(kIndex);
     for (const std::uint32_t id :
@@ -135,7 +186,7 @@ TEST(BuiltInHelpPages, EachTopicHasAPlaceOfItsOwnAndIsInTheContents) {
         EXPECT_TRUE(links.insert(link).second) << link;
         EXPECT_NE(contents.find("[" + topic.title + "](" + link + ")"), std::string::npos) << link;
     }
-    EXPECT_EQ(links.size(), 53u);
+    EXPECT_EQ(links.size(), 82u);
 }
 
 TEST(HelpIndex, WhatIsWrongIsToldAndTheRestIsUsed) {
