@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "suite/bulbcv/BulbEncoder.h"
 #include "suite/bulbcv/PlaneBulbCv.h"
-#include "suite/signservice/BulbEncoder.h"
 #include "tests/suite/bulbcv/PlainBulbCv.h"
 
 namespace {

@@ -35,9 +35,7 @@ void CK4CmnPPFileInfo::OnSetActive() {
 void CK4CmnPPFileInfo::Fill() {
     auto* sheet = static_cast<CK4CmnPSProperties*>(GetSheet());
     const CK4CmnSeqFileProperties& record = *sheet->GetFileProperties();
-    m_ui->fileName->setText(ToQt(record.filePath));
-    m_ui->fileName->home(false);
-    m_ui->fileName->setToolTip(ToQt(record.filePath));
+    m_ui->fileName->SetPath(ToQt(record.filePath));
     m_ui->frameSize->setText(ToQt(k4cmn::FrameSizeText(record.rows, record.columns)));
     m_ui->pixelTech->setText(ToQt(k4cmn::PixelLongName(record.pixel)));
     m_ui->colorTech->setText(ToQt(k4cmn::ColorShortName(record.color)));

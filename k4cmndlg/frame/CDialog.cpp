@@ -18,7 +18,8 @@ int CDialog::DoModal() {
     const QPointer<CDialog> self(this);
     if (!Create())
         return -1;
-    if (!m_ended)
+    // Opening may have shown messages, and the dialog may have been deleted meanwhile.
+    if (self && !m_ended)
         Run();
     if (!self)
         return IDCANCEL;
@@ -46,8 +47,11 @@ int CDialog::Create() {
     m_ended = false;
     m_result = IDCANCEL;
     TakeLayoutSize();
+    const QPointer<CDialog> self(this);
     if (OnCreate() == -1)
         return 0;
+    if (!self)
+        return 1;
     m_created = true;
     WireStandardButtons();
     OnInitDialog();

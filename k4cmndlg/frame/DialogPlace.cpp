@@ -41,6 +41,8 @@ std::uint32_t ShowState(const CDialog& dialog) {
 }  // namespace
 
 void DialogPlace::Restore(CDialog& dialog) {
+    if (!dialog.isWindow())
+        return;
     const std::string section = SectionOf(dialog);
     const PixelRect present = FromQtRect({dialog.pos(), dialog.size()});
     const auto placement =

@@ -11,7 +11,8 @@ namespace k4cmn {
 class DialogPlace {
  public:
     /// Puts a dialog that is being created where the profile has it under its present title.
-    /// Nothing saved, or nothing readable: it stays where it is.
+    /// Nothing saved, or nothing readable, or a dialog that is a part of another window: it stays
+    /// where it is.
     void Restore(CDialog& dialog);
 
     /// Stores the place of a dialog that is going under its present title. A place that can't be

@@ -1,10 +1,10 @@
 #include <QVBoxLayout>
 #include <algorithm>
-#include <map>
 
 #include "k4cmndlg/frame/contracts/Profile.h"
 #include "tests/filesel/PreviewFixture.h"
 #include "tests/support/FontScale.h"
+#include "tests/support/MemoryProfile.h"
 #include "tests/support/RecordingHelpSystem.h"
 
 namespace k4test {
@@ -195,25 +195,14 @@ TEST_F(PreviewLooks, InAWindowWithALayoutItTakesTheRoomThatThereIs) {
 }
 
 TEST_F(PreviewLooks, ComesBackWhereItWasLeftWhateverItHasShown) {
-    class Places final : public k4cmn::Profile {
-     public:
-        std::string GetString(const std::string& section, const std::string& name,
-                              const std::string&) override {
-            return texts[section + "/" + name];
-        }
-        int WriteString(const std::string& section, const std::string& name,
-                        const std::string& text) override {
-            texts[section + "/" + name] = text;
-            return 1;
-        }
-        std::map<std::string, std::string> texts;
-    } places;
+    k4test::MemoryProfile places;
     const k4cmn::ScopedProvider<k4cmn::Profile> use(places);
     MakeColored(kOne, 3);
     Show(kOne);
     pane.move(90, 60);
     pane.close();
-    EXPECT_THAT(places.texts, ElementsAre(testing::Key("Dialogs\\File Properties/WindowPos")));
+    EXPECT_THAT(places.values,
+                ElementsAre(testing::Key(testing::Pair("Dialogs\\File Properties", "WindowPos"))));
     ProbePane other(nullptr);
     other.UpdateSelection(kOne);
     Show(other);

@@ -1,5 +1,6 @@
 #include <QLabel>
 
+#include "k4cmndlg/frame/PathField.h"
 #include "suite/sequence/IncludeField.h"
 #include "tests/filesel/PropFixture.h"
 
@@ -52,7 +53,21 @@ TEST_F(GeneralPage, CanOnlyBeRead) {
     EXPECT_TRUE(name->isReadOnly());
     QTest::keyClicks(name, QStringLiteral("x"));
     EXPECT_EQ(Of(kFileName), "A:\\One.SQ4");
-    EXPECT_EQ(name->cursorPosition(), 0) << "a long path shows its beginning";
+}
+
+TEST_F(GeneralPage, NameOfALongPathIsSeen) {
+    const std::string path = "A:\\64x192.RGB16M.LED.Sign\\Default.Lib\\" + std::string(30, 'f') +
+                             ".Fld\\" + std::string(30, 'g') + ".Fld\\Goal.SQ4";
+    Make(path);
+    Show(path);
+    auto* name = Item<k4cmn::PathField>(sheet, kFileName);
+    Item<QWidget>(sheet, kCancel)->setFocus();
+    EXPECT_TRUE(name->Shown().startsWith(QStringLiteral("A:\\")));
+    EXPECT_TRUE(name->Shown().contains(QChar(0x2026)));
+    EXPECT_TRUE(name->Shown().endsWith(QStringLiteral("\\Goal.SQ4")));
+    EXPECT_EQ(Of(kFileName), path);
+    EXPECT_TRUE(name->toolTip().contains(QString::fromStdString(path)));
+    EXPECT_EQ(name->cursorPosition(), name->text().size()) << "with the focus its end is in view";
 }
 
 TEST_F(GeneralPage, ShowsThatASequenceCanOnlyBePreviewed) {

@@ -298,6 +298,7 @@ TYPED_TEST(DialogPlace, PlaceThatCannotBeToldLeavesTheSavedOne) {
     typename TestFixture::Probe part(QStringLiteral("Probe"), &parent);
     part.setWindowFlags(Qt::Widget);  // no window any more, and so without a place on the screen
     ASSERT_EQ(part.Create(), 1);
+    EXPECT_NE(part.pos(), QPoint(100, 50)) << "nor is it put there";
     part.move(7, 8);
     part.DestroyWindow();
     EXPECT_THAT(this->m_profile.writes, IsEmpty());

@@ -59,8 +59,9 @@ class ProbeDialog : public CDialog {
     int OnInitDialog() override {
         CDialog::OnInitDialog();
         events.emplace_back("init");
-        if (onInit)
-            onInit();
+        // It may delete the dialog.
+        if (const std::function<void()> act = onInit)
+            act();
         return 1;
     }
     void OnDestroy() override {
@@ -228,6 +229,12 @@ TEST(Dialog, EndedWhileInitialisedItIsNeverShown) {
     dialog.onInit = [&] { dialog.EndDialog(IDCANCEL); };
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
     EXPECT_THAT(dialog.events, ElementsAre("create", "init", "destroy"));
+}
+
+TEST(Dialog, DeletedWhileInitialisedItGivesCancel) {
+    auto* dialog = new ProbeDialog;
+    dialog->onInit = [dialog] { delete dialog; };
+    EXPECT_EQ(dialog->DoModal(), IDCANCEL);
 }
 
 TEST(Dialog, EndedWhileItIsBeingShownItReturns) {

@@ -9,11 +9,11 @@
 
 namespace k4test {
 
-/// Runs a dialog and, once its window is shown, the steps inside its event loop. The steps end the
-/// dialog. One that stays open for ten seconds fails the test and is ended.
-/// @return what DoModal() returned.
-template <class Steps>
-int RunModal(CDialog& dialog, Steps steps) {
+/// Runs a dialog by its own operation and, once its window is shown, the steps inside its event
+/// loop. The steps end the dialog. One that stays open for ten seconds fails the test and is ended.
+/// @return what the operation returned.
+template <class Run, class Steps>
+auto RunModalBy(CDialog& dialog, Run run, Steps steps) {
     QTimer whenShown;
     QObject::connect(&whenShown, &QTimer::timeout, &whenShown, [&] {
         if (!dialog.isVisible())
@@ -29,7 +29,15 @@ int RunModal(CDialog& dialog, Steps steps) {
     });
     whenShown.start(std::chrono::milliseconds(0));
     tooLong.start(std::chrono::seconds(10));
-    return dialog.DoModal();
+    return run();
+}
+
+/// Runs a dialog by DoModal(), as RunModalBy() tells.
+/// @return what DoModal() returned.
+template <class Steps>
+int RunModal(CDialog& dialog, Steps steps) {
+    return RunModalBy(
+        dialog, [&] { return dialog.DoModal(); }, steps);
 }
 
 }  // namespace k4test

@@ -5,6 +5,8 @@ namespace k4cmn {
 MessagePresenter::~MessagePresenter() = default;
 
 MessageAnswer WindowPrompt::Ask(const Message& message) {
+    if (m_hasWindow && !m_window)
+        return CautiousAnswer(message.buttons);
     return Provided<MessagePresenter>::Current().Show(m_window, message);
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <QPointer>
+#include <QWidget>
+
 #include "k4cmndlg/frame/Prompt.h"
 #include "k4cmndlg/frame/Provided.h"
 #include "k4cmndlg/k4cmndlg_export.h"
-
-class QWidget;
 
 namespace k4cmn {
 
@@ -18,15 +19,18 @@ class K4CMNDLG_EXPORT MessagePresenter {
     virtual MessageAnswer Show(QWidget* parent, const Message& message) = 0;
 };
 
-/// A prompt that is bound to a window: what dialogs hand to logic that asks.
+/// A prompt that is bound to a window: what dialogs hand to logic that asks. Where the window goes
+/// while somebody is asked, the cautious answer is given from then on, and nothing is shown.
 /// The window is not owned; the prompt is made on the stack for one action.
 class K4CMNDLG_EXPORT WindowPrompt final : public Prompt {
  public:
-    explicit WindowPrompt(QWidget* window) : m_window(window) {}
+    /// @param window null for messages that belong to none.
+    explicit WindowPrompt(QWidget* window) : m_hasWindow(window != nullptr), m_window(window) {}
     MessageAnswer Ask(const Message& message) override;
 
  private:
-    QWidget* m_window;
+    const bool m_hasWindow;
+    const QPointer<QWidget> m_window;
 };
 
 }  // namespace k4cmn
