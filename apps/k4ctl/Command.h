@@ -36,6 +36,8 @@ class Command {
     /// Whether it asks the services of a data home. One that doesn't is run without a suite, so
     /// that it neither makes a home nor holds its services, and needs none.
     virtual bool UsesServices() const { return true; }
+    /// Whether it draws texts in fonts, for which the toolkit needs more of an application.
+    virtual bool DrawsText() const { return false; }
     /// Does what was asked for, blocking until the service has answered.
     virtual Answer Run() const = 0;
 };

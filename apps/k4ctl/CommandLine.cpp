@@ -52,6 +52,9 @@ std::vector<std::unique_ptr<Command>> SignCommands() {
     return commands;
 }
 
+/// The group of commands that aren't on one file.
+constexpr const char* kStore = "store";
+
 /// What stands before the options of every command in its help.
 constexpr const char* kGroup = "Commands";
 
@@ -72,7 +75,8 @@ CLI::App& GroupOf(CLI::App& app, const std::string& name) {
     if (!present.empty()) {
         return *app.get_subcommand(name);
     }
-    CLI::App& group = *app.add_subcommand(name, "Commands on a " + name + " file");
+    CLI::App& group = *app.add_subcommand(name, name == kStore ? "Commands on the sign file store"
+                                                               : "Commands on a " + name + " file");
     group.require_subcommand(1);
     group.group(kGroup);
     group.footer("k4ctl " + name + " COMMAND --help tells a command's arguments, with examples.\n");

@@ -1,6 +1,7 @@
 #include "tests/apps/k4ctl/K4ctlProcess.h"
 
 #include <gtest/gtest.h>
+#include <signal.h>
 
 #include "suite/sequence/SequenceWriter.h"
 
@@ -21,13 +22,15 @@ void K4ctlProcess::Prepare(QProcess& process, const QStringList& arguments) cons
 
 K4ctlRun K4ctlProcess::Finish(QProcess& process) {
     K4ctlRun run;
-    if (!process.waitForFinished(kLongest)) {
+    if (process.state() != QProcess::NotRunning && !process.waitForFinished(kLongest)) {
         process.kill();
         process.waitForFinished(kLongest);
         run.err = "the program didn't end, or didn't start";
         return run;
     }
-    run.code = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    const bool isByItself = process.exitStatus() == QProcess::NormalExit;
+    run.code = isByItself ? process.exitCode() : -1;
+    run.signal = isByItself ? 0 : process.exitCode();
     run.out = process.readAllStandardOutput().toStdString();
     run.err = process.readAllStandardError().toStdString();
     return run;
@@ -55,6 +58,23 @@ K4ctlRun K4ctlProcess::Run(const QStringList& arguments) const {
     QProcess process;
     Prepare(process, arguments);
     process.start();
+    return Finish(process);
+}
+
+K4ctlRun K4ctlProcess::RunUntil(const std::function<bool(qint64 pid)>& holds, int signal,
+                                const QStringList& arguments) const {
+    constexpr int kLookEvery = 2;  // milliseconds
+    QProcess process;
+    Prepare(process, arguments);
+    process.start();
+    if (!process.waitForStarted(kLongest))
+        return {};
+    const qint64 pid = process.processId();
+    while (!holds(pid)) {
+        if (process.waitForFinished(kLookEvery))
+            return Finish(process);
+    }
+    kill(static_cast<pid_t>(pid), signal);
     return Finish(process);
 }
 

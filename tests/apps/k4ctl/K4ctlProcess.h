@@ -7,6 +7,7 @@
 #include <QProcessEnvironment>
 #include <QStringList>
 #include <filesystem>
+#include <functional>
 #include <string>
 
 #include "tests/support/TempFolder.h"
@@ -15,7 +16,8 @@ namespace k4test {
 
 /// What a run of the program left behind.
 struct K4ctlRun {
-    int code = -1;  ///< -1: it crashed, or didn't end
+    int code = -1;   ///< -1: it crashed, or didn't end
+    int signal = 0;  ///< what ended it, where it didn't end by itself
     std::string out;
     std::string err;
 
@@ -39,6 +41,9 @@ class K4ctlProcess {
 
     /// Runs it to its end.
     K4ctlRun Run(const QStringList& arguments) const;
+    /// Runs it, and sends it a signal as soon as something holds for its process.
+    K4ctlRun RunUntil(const std::function<bool(qint64 pid)>& holds, int signal,
+                      const QStringList& arguments) const;
     /// Runs it with its standard output in a file.
     K4ctlRun RunInto(const QString& file, const QStringList& arguments) const;
     /// Sets a variable of its environment; the data home is set already.

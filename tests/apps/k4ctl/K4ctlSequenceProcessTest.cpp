@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <signal.h>
 
 #include <QImage>
 #include <QJsonArray>
@@ -6,6 +7,7 @@
 #include <filesystem>
 #include <set>
 
+#include "suite/sequence/SequenceWriter.h"
 #include "tests/apps/k4ctl/K4ctlOnHome.h"
 
 // The real program on sequence files, and on the sample content.
@@ -39,6 +41,26 @@ class K4ctlSequence : public k4test::K4ctlOnHome {
         return Path("in.png");
     }
 
+    /// The names of what lies in the folder.
+    std::set<std::string> Names() const {
+        std::set<std::string> names;
+        for (const auto& entry : fs::directory_iterator(m_folder.Path()))
+            names.insert(entry.path().filename().string());
+        return names;
+    }
+    /// Whether a process writes to a file in the folder, be it one without a name.
+    bool Writes(qint64 pid) const {
+        std::error_code gone;
+        for (const auto& entry :
+             fs::directory_iterator(fs::path("/proc") / std::to_string(pid) / "fd", gone)) {
+            const std::string file = fs::read_symlink(entry.path(), gone).string();
+            if (file.starts_with(m_folder.Path().string()) &&
+                (file.ends_with(" (deleted)") || file.find("/.k4copy-") != std::string::npos))
+                return true;
+        }
+        return false;
+    }
+
     k4test::TempFolder m_folder;
 };
 
@@ -60,6 +82,38 @@ TEST_F(K4ctlSequence, WorksWhereTheDataHomeCannotBe) {
     EXPECT_EQ(Sequence({QStringLiteral("export"), Path("x.SQ4"), Path("out")}).code, 0);
     ASSERT_TRUE(exported.load(Path("out/0001.png")));
     EXPECT_EQ(exported.pixel(3, 3), qRgb(255, 0, 0));
+}
+
+TEST_F(K4ctlSequence, LeavesNothingBehindWhateverEndsItWhileItMakesAFile) {
+    QStringList words = MakeWords(Path("x.SQ4"), {});
+    words[words.indexOf(QStringLiteral("16x24"))] = QStringLiteral("64x192");
+    words[words.indexOf(QStringLiteral("Quad16"))] = QStringLiteral("Quad256");
+    const QString picture = Picture();
+    for (int image = 0; image < 4000; ++image)
+        words.append(picture);
+    words.prepend(QStringLiteral("sequence"));
+    for (const int signal : {SIGTERM, SIGKILL}) {
+        const K4ctlRun run =
+            program.RunUntil([&](qint64 pid) { return Writes(pid); }, signal, words);
+        EXPECT_EQ(run.signal, signal) << run.err;
+        EXPECT_EQ(Names(), std::set<std::string>{"in.png"}) << signal;
+    }
+}
+
+TEST_F(K4ctlSequence, LeavesNothingBehindWhateverEndsItWhileItExports) {
+    k4suite::SequenceFacts facts;
+    facts.rows = 8;
+    facts.columns = 16;
+    k4suite::SequenceWriter writer((m_folder / "long.SQ4").string(), facts);
+    for (int frame = 0; frame < 20'000; ++frame)
+        writer.AddGraphic(k4cmn::kGraphicFrame, 100, std::vector<std::uint8_t>(16, 0x5A));
+    ASSERT_TRUE(writer.Finish());
+    const K4ctlRun run =
+        program.RunUntil([&](qint64 pid) { return Writes(pid); }, SIGKILL,
+                         {QStringLiteral("sequence"), QStringLiteral("export"), Path("long.SQ4"),
+                          Path("x.gif"), QStringLiteral("--scale"), QStringLiteral("64")});
+    EXPECT_EQ(run.signal, SIGKILL) << run.err;
+    EXPECT_EQ(Names(), std::set<std::string>{"long.SQ4"});
 }
 
 TEST_F(K4ctlSequence, SaysOnStandardErrorWhatFailedAndEndsWithItsCode) {
@@ -116,6 +170,26 @@ TEST_F(K4ctlSequence, ANewHomeHasSoundSequencesForEveryLocalSign) {
         EXPECT_GT(sequences, before) << type;
     }
     EXPECT_EQ(listing.value(QLatin1String("signs")).toArray().size(), 12);
+}
+
+TEST_F(K4ctlSequence, EverySignOfANewHomePlaysASequenceThatIsMadeForIt) {
+    int signs = 0;
+    for (const char* service : {"Local", "North Tower", "Harbour Gate", "Observatory"})
+        for (const QString& sign : Signs(QString::fromLatin1(service))) {
+            const QJsonObject status = GoodJson({QStringLiteral("status"), QStringLiteral("-s"),
+                                                 QString::fromLatin1(service), sign});
+            EXPECT_EQ(status.value(QLatin1String("state")).toString(), QStringLiteral("Playing"));
+            const QString file = status.value(QLatin1String("sequence")).toString();
+            const QJsonObject facts =
+                Sequence({QStringLiteral("show"), file, QStringLiteral("--json")}).Json();
+            const QJsonObject config = GoodJson({QStringLiteral("config"), QStringLiteral("-s"),
+                                                 QString::fromLatin1(service), sign});
+            for (const QLatin1String fact :
+                 {QLatin1String("rows"), QLatin1String("columns"), QLatin1String("color")})
+                EXPECT_EQ(facts.value(fact), config.value(fact)) << sign.toStdString();
+            ++signs;
+        }
+    EXPECT_EQ(signs, 14);
 }
 
 TEST_F(K4ctlSequence, TheSampleContentIsSoundAndOfEightTechnologiesOrMore) {
