@@ -13,8 +13,9 @@
 #include <vector>
 
 #include "apps/parts/SignView.h"
-#include "apps/workbench/DialogMenu.h"
 #include "apps/workbench/FaultMenu.h"
+#include "apps/workbench/FileDialogs.h"
+#include "apps/workbench/PhoneMenu.h"
 #include "apps/workbench/SignWords.h"
 #include "k4cmndlg/clients/CK4CmnSS.h"
 #include "k4cmndlg/filestore/contracts/CK4Registry.h"
@@ -99,19 +100,9 @@ void MainWindow::BuildMenus() {
     QAction* quit = file->addAction(tr("E&xit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
 
-    QMenu* dialogs = menuBar()->addMenu(tr("&Dialogs"));
-    int number = 1;
-    for (const DialogEntry& entry : Dialogs()) {
-        QAction* action = dialogs->addAction(ToQt(entry.text));
-        action->setObjectName(QLatin1String(entry.name));
-        action->setData(entry.needsSign);
-        if (number < 10)
-            action->setShortcut(QKeySequence(QStringLiteral("Ctrl+%1").arg(number++)));
-        connect(action, &QAction::triggered, this,
-                [this, run = entry.run] { run(m_service, m_sign, this); });
-    }
-
-    BuildFaultMenu();
+    AddDialogs(*menuBar()->addMenu(tr("&Dialogs")), Dialogs(), QStringLiteral("Ctrl+%1"));
+    AddDialogs(*menuBar()->addMenu(tr("F&iles")), FileDialogs(), QStringLiteral("Alt+%1"));
+    BuildServiceMenus();
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&Contents"), this, [this] {
@@ -120,7 +111,24 @@ void MainWindow::BuildMenus() {
     });
 }
 
-void MainWindow::BuildFaultMenu() {
+void MainWindow::AddDialogs(QMenu& menu, const std::vector<DialogEntry>& entries,
+                            const QString& shortcut) {
+    int number = 1;
+    for (const DialogEntry& entry : entries) {
+        QAction* action = menu.addAction(ToQt(entry.text));
+        action->setObjectName(QLatin1String(entry.name));
+        if (number < 10)
+            action->setShortcut(QKeySequence(shortcut.arg(number++)));
+        if (entry.needsSign)
+            m_signActions.push_back(action);
+        connect(action, &QAction::triggered, this,
+                [this, run = entry.run] { run(m_service, m_sign, this); });
+    }
+}
+
+void MainWindow::BuildServiceMenus() {
+    if (k4suite::RemoteEngine* remote = m_suite.Remote())
+        AddPhoneMenu(*menuBar(), *remote);
     if (k4suite::SignEngine* engine = m_suite.Engine())
         AddFaultMenu(
             *menuBar(), *engine, [this] { return m_service; }, [this] { RefreshSigns(); });
@@ -247,8 +255,8 @@ void MainWindow::ShowHolder() {
 }
 
 void MainWindow::UpdateActions() {
-    for (const DialogEntry& entry : Dialogs())
-        DialogAction(entry.name)->setEnabled(!entry.needsSign || !m_sign.empty());
+    for (QAction* action : m_signActions)
+        action->setEnabled(!m_sign.empty());
 }
 
 QAction* MainWindow::DialogAction(const char* name) const {

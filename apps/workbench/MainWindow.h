@@ -3,11 +3,14 @@
 #include <QMainWindow>
 #include <memory>
 #include <string>
+#include <vector>
 
+#include "apps/workbench/DialogMenu.h"
 #include "apps/workbench/SignWatcher.h"
 
 class QAction;
 class QLabel;
+class QMenu;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -48,7 +51,8 @@ class MainWindow final : public QMainWindow {
 
  private:
     void BuildMenus();
-    void BuildFaultMenu();
+    void BuildServiceMenus();
+    void AddDialogs(QMenu& menu, const std::vector<DialogEntry>& entries, const QString& shortcut);
     QWidget* BuildSignPage();
     void AddService(const std::string& service);
     void SelectAgain(const std::string& service, const std::string& sign);
@@ -65,6 +69,7 @@ class MainWindow final : public QMainWindow {
     QLabel* m_facts = nullptr;
     QLabel* m_state = nullptr;
     QLabel* m_holder = nullptr;
+    std::vector<QAction*> m_signActions;  ///< those that need a chosen sign
     std::string m_service;
     std::string m_sign;
     SignLook m_look;

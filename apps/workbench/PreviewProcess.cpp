@@ -1,11 +1,10 @@
 #include "apps/workbench/PreviewProcess.h"
 
-#include <QProcess>
 #include <QWidget>
 
 #include "k4cmndlg/filestore/contracts/CK4Registry.h"
-#include "k4cmndlg/frame/Text.h"
 #include "k4cmndlg/frame/contracts/MessagePresenter.h"
+#include "k4cmndlg/frame/contracts/Programs.h"
 
 namespace workbench {
 
@@ -14,9 +13,9 @@ int ShowInPreviewApplication(const std::string& path, QWidget* parent) {
     CK4Registry::SetPreviewOptions(path, nullptr, nullptr, &kPlay);
     std::string program;
     CK4Registry::GetExePath(program);
-    program += "/K4Prevu";
-    // It outlives this program: a preview that is looked at isn't taken away.
-    if (QProcess::startDetached(k4cmn::ToQt(program), {}))
+    program += "\\K4Prevu.exe";
+    // It outlives this program and its record here: a preview that is looked at isn't taken away.
+    if (k4cmn::Provided<k4cmn::Programs>::Current().Start(program, k4cmn::SW_RESTORE))
         return 1;
     k4cmn::WindowPrompt(parent).Ask(k4cmn::PlainMessage("ERROR: Could not start " + program));
     return 0;

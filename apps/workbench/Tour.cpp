@@ -11,6 +11,7 @@
 #include "apps/workbench/MainWindow.h"
 #include "apps/workbench/PictureFacts.h"
 #include "apps/workbench/SequenceTour.h"
+#include "apps/workbench/StoreTour.h"
 #include "apps/workbench/TourHands.h"
 #include "apps/workbench/TourRecord.h"
 #include "k4cmndlg/clients/CK4CmnSS.h"
@@ -50,6 +51,7 @@ int Tour::Run() {
         SeeMotion();
         Dim();
         SequenceTour(m_window, m_record, m_folder).Run();
+        StoreTour(m_suite, m_window, m_record, m_folder).Run();
         PlaceWindow();
         SeeOtherMachine();
         MeetUnreachableMachine();
@@ -87,10 +89,7 @@ void Tour::SeeMotion() {
                              m_window.PicturesShown() > shown + 3;
                   }),
                   "the picture moves with the change flag");
-    CK4CmnSS client;
-    m_record.Step(client.StopSequence(kService, kSign), "the sign is stopped");
-    m_record.Step(Until([&] { return m_window.LastLook().state == "Stopped"; }),
-                  "the window says that it stands");
+    HoldPicture();
     const std::uint32_t standing = m_window.PicturesShown();
     QTest::qWait(300);
     m_record.Step(m_window.PicturesShown() == standing, "a standing picture isn't drawn again");
@@ -135,7 +134,15 @@ void Tour::Dim() {
     m_record.Step(Until([&] { return m_window.LastLook().dimLevel == 255; }), "the window follows");
 }
 
+void Tour::HoldPicture() {
+    CK4CmnSS client;
+    m_record.Step(client.StopSequence(kService, kSign), "the sign is stopped");
+    m_record.Step(Until([&] { return m_window.LastLook().state == "Stopped"; }),
+                  "the window says that it stands");
+}
+
 void Tour::PlaceWindow() {
+    HoldPicture();
     const QImage before = m_window.LastLook().picture;
     constexpr std::int32_t kRow = 9;
     constexpr std::int32_t kColumn = 33;

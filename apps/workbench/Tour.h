@@ -31,6 +31,7 @@ class Tour {
     void SeeSigns();
     void SeeMotion();
     void Dim();
+    void HoldPicture();
     void PlaceWindow();
     void SeeOtherMachine();
     void MeetUnreachableMachine();

@@ -2,6 +2,7 @@
 
 #include <QPixmap>
 #include <QWidget>
+#include <cctype>
 #include <cstdio>
 #include <utility>
 
@@ -13,9 +14,27 @@ namespace workbench {
 using k4cmn::Format;
 using k4cmn::ToQt;
 
+namespace {
+
+/// Removes what Picture() left: "01-name.png".
+void RemovePictures(const std::filesystem::path& folder) {
+    std::error_code ignored;  // a picture that stays is overwritten, or is one too many
+    for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
+        const std::string name = entry.path().filename().string();
+        const bool isNumbered =
+            name.size() > 3 && std::isdigit(static_cast<unsigned char>(name[0])) != 0 &&
+            std::isdigit(static_cast<unsigned char>(name[1])) != 0 && name[2] == '-';
+        if (isNumbered && entry.path().extension() == ".png")
+            std::filesystem::remove(entry.path(), ignored);
+    }
+}
+
+}  // namespace
+
 TourRecord::TourRecord(std::filesystem::path folder) : m_folder(std::move(folder)) {
     std::error_code ignored;  // the first picture tells if the folder is no good
     std::filesystem::create_directories(m_folder, ignored);
+    RemovePictures(m_folder);
     m_summary.open(m_folder / "summary.txt", std::ios::trunc);
     Step(m_summary.is_open(), "the folder of the tour can be written");
 }

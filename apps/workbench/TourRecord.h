@@ -14,7 +14,7 @@ namespace workbench {
 /// with "ok" or "FAIL".
 class TourRecord {
  public:
-    /// @param folder made if it doesn't exist; pictures of an earlier tour in it are overwritten.
+    /// @param folder made if it doesn't exist; the pictures of an earlier tour in it are removed.
     explicit TourRecord(std::filesystem::path folder);
 
     /// Notes the outcome of a step, on the terminal too. @return `passed`.
