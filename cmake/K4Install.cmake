@@ -18,7 +18,9 @@ if(NOT TARGET k4cmndlg)
     # Without the windows, only what needs no toolkit.
     foreach(folder clients filestore)
         install(DIRECTORY k4cmndlg/${folder} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/k4cmndlg"
-                ${k4_header_filter})
+                ${k4_header_filter}
+                PATTERN "CK4CmnRemoteThread.h" EXCLUDE
+                PATTERN "NotificationCourier.h" EXCLUDE)
     endforeach()
 endif()
 if(TARGET k4cmndlg)

@@ -15,6 +15,7 @@ endfunction()
 # k4_core_test(NAME source...): a test executable over the core alone.
 function(k4_core_test name)
     add_executable(${name} ${ARGN})
+    set_target_properties(${name} PROPERTIES K4_TEST ON)
     target_link_libraries(${name} PRIVATE k4_options k4test_core k4cmncore GTest::gmock GTest::gtest
                                           GTest::gtest_main)
     add_test(NAME ${name} COMMAND ${name})
@@ -24,6 +25,7 @@ endfunction()
 # k4_suite_test(NAME source...): a test executable over the core and the suite, without windows.
 function(k4_suite_test name)
     add_executable(${name} ${ARGN})
+    set_target_properties(${name} PROPERTIES K4_TEST ON)
     target_link_libraries(${name} PRIVATE k4_qt_options k4test_suite k4suite k4cmncore GTest::gmock
                                           GTest::gtest)
     add_test(NAME ${name} COMMAND ${name})
@@ -33,6 +35,7 @@ endfunction()
 # k4_window_test(NAME source...): a test executable that shows windows, offscreen.
 function(k4_window_test name)
     add_executable(${name} ${ARGN})
+    set_target_properties(${name} PROPERTIES K4_TEST ON)
     target_link_libraries(${name} PRIVATE k4_qt_options k4test_windows k4suiteui k4suite k4cmndlg
                                           k4cmncore Qt6::Widgets Qt6::Test GTest::gmock GTest::gtest)
     add_test(NAME ${name} COMMAND ${name})

@@ -12,17 +12,18 @@ namespace k4suite {
 
 class FileOperationUi;
 class FolderFiles;
+class RemoteEngine;
 class SignEngine;
 
 /// Everything that the library requires of other programs, working on this machine over one data
-/// home, without a window: store, settings, profile, sign service, shell, power, pictures of bulb
-/// data. Made once at the start of a program; it installs itself behind the library's contracts,
-/// and takes itself away when it goes. Each contract may be replaced afterwards by installing
-/// another object.
+/// home, without a window: store, settings, profile, sign and remote service, named events, shell,
+/// programs, power, pictures of bulb data. Made once at the start of a program; it installs itself
+/// behind the library's contracts, and takes itself away when it goes. Each contract may be
+/// replaced afterwards by installing another object.
 ///
 /// One process at a time runs the services of a data home. Where another one does, this object
-/// stands all the same with all but the services: the clients then say "Sign service unavailable.",
-/// and Holder() says which process it is.
+/// stands all the same with all but the services: the clients then say "Sign service unavailable."
+/// and "Remote service unavailable.", and Holder() says which process it is.
 ///
 /// Threads: made and destroyed on the main thread; what it installs keeps the contracts' rules.
 class EmbeddedSuite {
@@ -47,6 +48,8 @@ class EmbeddedSuite {
     ServicesHolder Holder() const;
     /// The sign service's engine; null where another process runs the services.
     SignEngine* Engine();
+    /// The remote service's engine; null where another process runs the services.
+    RemoteEngine* Remote();
 
     /// What went wrong while reading settings and states, for people: damaged files set aside,
     /// states that couldn't be written.
