@@ -126,7 +126,6 @@ int CK4CmnDlgFileSel::SetSignParams(std::uint32_t rows, std::uint32_t cols, tag_
 void CK4CmnDlgFileSel::SetDialogMode(int) {}
 
 void CK4CmnDlgFileSel::DeletePreviewMenuItem() {
-    m_parts->hasPreviewEntry = false;
     m_parts->selector.DeletePreviewMenuItem();
 }
 

@@ -84,5 +84,5 @@ void CK4CmnDlgFileSel::OpenMenu(k4cmn::FileTreeItem* item, const QPoint& where) 
         menu = new FileSelMenu(this);
         connect(menu, &FileSelMenu::Chosen, this, &CK4CmnDlgFileSel::Run, Qt::QueuedConnection);
     }
-    menu->Open(state, m_parts->hasPreviewEntry, where);
+    menu->Open(state, m_parts->selector.HasPreviewEntry(), where);
 }

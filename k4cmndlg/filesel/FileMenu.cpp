@@ -7,8 +7,6 @@ namespace k4cmn {
 
 namespace {
 
-constexpr char kNoSignType[] = "No";
-
 bool CanPaste(const FileLocation& place, const FileClipboard& clipboard) {
     if (place.server.empty())
         return false;

@@ -15,11 +15,7 @@ std::unique_ptr<Ui::FileSelectionDialog> SetUp(CDialog& dialog) {
 }  // namespace
 
 FileSelParts::FileSelParts(CDialog& dialog, const char* path)
-    : ui(SetUp(dialog)),
-      view(dialog, *ui),
-      prompt(dialog),
-      selector(path, &entries),
-      properties(dialog) {
+    : ui(SetUp(dialog)), view(dialog, *ui), prompt(dialog), selector(path), properties(dialog) {
     selector.SetView(view);
 }
 

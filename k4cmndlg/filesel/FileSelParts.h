@@ -6,7 +6,6 @@
 #include "k4cmndlg/filesel/FileSelView.h"
 #include "k4cmndlg/filesel/FileSelector.h"
 #include "k4cmndlg/filesel/PropertiesLink.h"
-#include "k4cmndlg/filesel/RemoteEntries.h"
 
 namespace Ui {
 class FileSelectionDialog;
@@ -24,10 +23,8 @@ struct FileSelParts {
     std::unique_ptr<Ui::FileSelectionDialog> ui;  ///< valid as long as the dialog
     FileSelView view;
     DialogPrompt prompt;
-    RemoteEntries entries;
     FileSelector selector;
     PropertiesLink properties;
-    bool hasPreviewEntry = true;
 };
 
 }  // namespace k4cmn

@@ -70,6 +70,7 @@ class K4CMNCORE_EXPORT FileSelector {
                       tag_K4_PIXEL_TECH pixel, int palette, Prompt& prompt);
     /// Takes "Pre&view" out of the context menu.
     void DeletePreviewMenuItem() { m_hasPreviewEntry = false; }
+    bool HasPreviewEntry() const { return m_hasPreviewEntry; }
 
     /// Opens the dialog: what is requested counts from here on.
     void Open(Prompt& prompt);

@@ -9,12 +9,6 @@
 
 namespace k4cmn {
 
-namespace {
-
-constexpr std::uint32_t kLastOpenError = 32;
-
-}  // namespace
-
 /// The selected rows as names with extension, from the top.
 std::vector<std::string> FileSelector::SelectedNames() {
     std::vector<std::string> names;

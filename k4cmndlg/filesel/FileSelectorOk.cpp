@@ -9,8 +9,6 @@ namespace k4cmn {
 
 namespace {
 
-constexpr std::uint32_t kLastOpenError = 32;
-
 constexpr char kFileExists[] =
     "\nFile already exists.\nPlease verify that the path and file name are correct.\n"
     "Yes, File is valid \nNo, File is not valid \nCancel, Cancel this operation";

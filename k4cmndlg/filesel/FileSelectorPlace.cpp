@@ -5,12 +5,6 @@
 
 namespace k4cmn {
 
-namespace {
-
-constexpr char kNoSignType[] = "No";
-
-}  // namespace
-
 int FileSelector::GetTreeSelections() {
     m_tree.ClearMark();
     m_place.server.clear();

@@ -25,7 +25,7 @@ std::string FileLocation::Path() const {
 }
 
 std::string FileLocation::DisplayPath() const {
-    if (signType.empty() || signType == "No")
+    if (signType.empty() || signType == k4cmn::kNoSignType)
         return server + "\\";
     return SignFolder(server, signType) + (library.empty() ? "" : library + ".Lib\\");
 }

@@ -28,6 +28,9 @@ struct FileLocation {
 
 namespace k4cmn {
 
+/// What a tree's notice "No signs" gives as a sign type: there is none.
+inline constexpr char kNoSignType[] = "No";
+
 /// The key pair of the user's settings under which dialogs keep their last place.
 inline constexpr char kFileLocationsKey[] = "File Locations";
 inline constexpr char kPreviousSelectionKey[] = "Previous Selection";

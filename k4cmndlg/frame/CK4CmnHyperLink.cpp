@@ -15,6 +15,7 @@
 #include "k4cmndlg/frame/Text.h"
 #include "k4cmndlg/frame/WaitCursor.h"
 #include "k4cmndlg/frame/contracts/MessagePresenter.h"
+#include "k4cmndlg/frame/contracts/Shell.h"
 
 namespace {
 

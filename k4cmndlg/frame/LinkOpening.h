@@ -7,8 +7,6 @@
 
 namespace k4cmn {
 
-/// Open codes up to this one are failures.
-inline constexpr std::uint32_t kLastOpenError = 32;
 /// The open code for a system without memory or resources left.
 inline constexpr std::uint32_t kOutOfResources = 0;
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/signctl/CreateSignFoldersFixture.h"
+#include "tests/support/NoLibraryAccess.h"
 
 namespace k4test {
 namespace {
@@ -207,36 +208,8 @@ TEST_F(CreateSignFolders, WhoseTwinIsThereSayNothing) {
     EXPECT_TRUE(Exists("A:\\" + kSmallest + "\\Default.Lib"));
 }
 
-/// Makes folders, but no library.
-class FullForLibraries final : public k4cmn::StoreAccess {
- public:
-    explicit FullForLibraries(k4cmn::StoreAccess& store) : m_store(store) {}
-    int GetStatus(const std::string& path, k4cmn::FileStatus* status) override {
-        return m_store.GetStatus(path, status);
-    }
-    std::vector<std::optional<k4cmn::FileStatus>> StatusIn(
-        const std::string& folder, const std::vector<std::string>& names) override {
-        return m_store.StatusIn(folder, names);
-    }
-    int MakeFolder(const std::string& path) override {
-        if (!path.ends_with(".Lib"))
-            return m_store.MakeFolder(path);
-        errno = ENOSPC;
-        return 0;
-    }
-    int RemoveFolder(const std::string& path) override { return m_store.RemoveFolder(path); }
-    int Move(const std::string& from, const std::string& to) override {
-        return m_store.Move(from, to);
-    }
-    int MarkReadOnly(const std::string& path) override { return m_store.MarkReadOnly(path); }
-
- private:
-    k4cmn::StoreAccess& m_store;
-};
-
 TEST_F(CreateSignFolders, WhoseLibraryCantBeMadeAreTold) {
-    FullForLibraries full(access);
-    const k4cmn::ScopedProvider<k4cmn::StoreAccess> use(full);
+    const k4test::NoLibraryAccess full(access);
     EXPECT_EQ(Run([&] {
                   Tick(0);
                   messages.Expect(" Error Creating Library: A:\\" + kSmallest + "\\Default.Lib\n " +

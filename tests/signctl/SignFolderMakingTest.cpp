@@ -5,6 +5,7 @@
 #include <cerrno>
 
 #include "k4cmndlg/frame/LastError.h"
+#include "tests/support/NoLibraryAccess.h"
 #include "tests/support/ScriptedPrompt.h"
 #include "tests/support/StoreFixture.h"
 
@@ -78,40 +79,8 @@ TEST_F(SignFolders, OnAServerThatIsntThereAreTold) {
     EXPECT_TRUE(MakeSignFolders(form, {{"Q:", true}}, prompt)) << "the dialog closes all the same";
 }
 
-/// Makes folders, but no library.
-class NoLibraries final : public k4cmn::StoreAccess {
- public:
-    explicit NoLibraries(k4cmn::StoreAccess& store) : m_store(store) {}
-    int GetStatus(const std::string& path, k4cmn::FileStatus* status) override {
-        return m_store.GetStatus(path, status);
-    }
-    std::vector<std::optional<k4cmn::FileStatus>> StatusIn(
-        const std::string& folder, const std::vector<std::string>& names) override {
-        return m_store.StatusIn(folder, names);
-    }
-    int MakeFolder(const std::string& path) override {
-        if (!path.ends_with(".Lib"))
-            return m_store.MakeFolder(path);
-        errno = ENOSPC;
-        return 0;
-    }
-    int RemoveFolder(const std::string& path) override { return m_store.RemoveFolder(path); }
-    int Move(const std::string& from, const std::string& to) override {
-        return m_store.Move(from, to);
-    }
-    int MarkReadOnly(const std::string& path) override {
-        marked.push_back(path);
-        return 0;
-    }
-    std::vector<std::string> marked;
-
- private:
-    k4cmn::StoreAccess& m_store;
-};
-
 TEST_F(SignFolders, WhoseLibraryCantBeMadeAreTold) {
-    NoLibraries full(access);
-    k4cmn::ScopedProvider<k4cmn::StoreAccess> use(full);
+    const k4test::NoLibraryAccess full(access);
     prompt.Expect(" Error Creating Library: A:\\" + kOrdinary + "\\Default.Lib\n " + Words(ENOSPC));
     EXPECT_TRUE(MakeSignFolders(form, {{"A:", true}}, prompt));
     EXPECT_THAT(full.marked, testing::ElementsAre("A:\\" + kOrdinary, "A:\\" + kTwin))

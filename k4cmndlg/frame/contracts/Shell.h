@@ -19,6 +19,9 @@ inline constexpr std::uint16_t FOF_FILESONLY = 0x80;       ///< folders are left
 
 inline constexpr int SW_SHOW = 5;  ///< show state handed to an opened program
 
+/// Open codes up to this one are failures.
+inline constexpr std::uint32_t kLastOpenError = 32;
+
 /// The shell of the platform: file operations with questions and progress of its own, and opening a
 /// document or a link with the program made for it.
 /// Threads: the caller's; an operation returns when it is done, and may run an event loop of its
