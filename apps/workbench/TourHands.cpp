@@ -44,6 +44,11 @@ bool TriggerAndDrive(QAction& action, const std::function<void(QWidget&)>& drive
         QWidget* window = QApplication::activeModalWidget();
         if (!window || !window->isVisible())
             return;
+        // A person types once the window has the keys: before, a field isn't told that it is left.
+        if (!window->isActiveWindow()) {
+            window->activateWindow();
+            return;
+        }
         poll.stop();
         driven = true;
         drive(*window);
@@ -57,7 +62,7 @@ bool TriggerAndDrive(QAction& action, const std::function<void(QWidget&)>& drive
             window->close();
     });
     poll.start(20);
-    watchdog.start(20000);
+    watchdog.start(60000);
     action.trigger();
     return driven && !overdue;
 }
