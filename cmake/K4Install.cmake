@@ -24,7 +24,7 @@ if(NOT TARGET k4cmndlg)
     endforeach()
 endif()
 if(TARGET k4cmndlg)
-    foreach(folder clients filestore filesel frame signctl)
+    foreach(folder clients filelist filestore filesel frame search signctl smalldlg)
         install(DIRECTORY k4cmndlg/${folder} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/k4cmndlg"
                 ${k4_header_filter})
     endforeach()

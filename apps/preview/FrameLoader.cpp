@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "k4cmndlg/filesel/FrameImage.h"
-#include "k4cmndlg/filesel/FramePicture.h"
+#include "k4cmndlg/filesel/properties/FrameImage.h"
+#include "k4cmndlg/filesel/properties/FramePicture.h"
 #include "k4cmndlg/filestore/contracts/SequenceLibrary.h"
 
 namespace preview {

@@ -4,8 +4,8 @@
 
 #include "apps/workbench/PreviewProcess.h"
 #include "apps/workbench/SignSequences.h"
-#include "k4cmndlg/filesel/CK4CmnDlgFileProp.h"
 #include "k4cmndlg/filesel/CK4CmnDlgFileSelPrev.h"
+#include "k4cmndlg/filesel/properties/CK4CmnDlgFileProp.h"
 #include "k4cmndlg/frame/contracts/MessagePresenter.h"
 #include "k4cmndlg/signctl/CK4CmnDlgDimmingCtrl.h"
 #include "k4cmndlg/signctl/CK4CmnDlgWindowControl.h"

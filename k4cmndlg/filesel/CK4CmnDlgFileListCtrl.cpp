@@ -4,11 +4,11 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 
+#include "k4cmndlg/filelist/FileReportView.h"
+#include "k4cmndlg/filelist/LabelDelegate.h"
+#include "k4cmndlg/filelist/RowSelection.h"
 #include "k4cmndlg/filesel/FileNamesView.h"
-#include "k4cmndlg/filesel/FileReportView.h"
 #include "k4cmndlg/filesel/FolderListModel.h"
-#include "k4cmndlg/filesel/LabelDelegate.h"
-#include "k4cmndlg/filesel/RowSelection.h"
 #include "k4cmndlg/frame/Text.h"
 
 using k4cmn::FileNamesView;

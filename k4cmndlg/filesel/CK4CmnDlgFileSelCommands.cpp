@@ -2,11 +2,11 @@
 #include <array>
 #include <memory>
 
+#include "k4cmndlg/filelist/contracts/Printing.h"
 #include "k4cmndlg/filesel/CK4CmnDlgFileSel.h"
 #include "k4cmndlg/filesel/FileListReport.h"
 #include "k4cmndlg/filesel/FileSelParts.h"
-#include "k4cmndlg/filesel/LocalTime.h"
-#include "k4cmndlg/filesel/contracts/Printing.h"
+#include "k4cmndlg/frame/LocalTime.h"
 #include "k4cmndlg/frame/WaitCursor.h"
 #include "k4cmndlg/signctl/CK4CmnDlgCreateSignFolders.h"
 #include "ui_FileSelection.h"

@@ -4,9 +4,9 @@
 #include <QRegularExpressionValidator>
 #include <algorithm>
 
-#include "k4cmndlg/filesel/CompressionLevels.h"
 #include "k4cmndlg/filesel/FileListOwner.h"
-#include "k4cmndlg/filesel/KeywordText.h"
+#include "k4cmndlg/filesel/properties/CompressionLevels.h"
+#include "k4cmndlg/filesel/properties/KeywordText.h"
 #include "k4cmndlg/frame/FieldLooks.h"
 #include "k4cmndlg/frame/FieldNumber.h"
 #include "k4cmndlg/frame/SpinSteps.h"

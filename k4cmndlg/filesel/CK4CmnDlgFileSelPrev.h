@@ -8,9 +8,9 @@
 #include <memory>
 #include <string>
 
-#include "k4cmndlg/filesel/FramePicture.h"
 #include "k4cmndlg/filesel/PreviewEdits.h"
 #include "k4cmndlg/filesel/PreviewFacts.h"
+#include "k4cmndlg/filesel/properties/FramePicture.h"
 #include "k4cmndlg/filestore/contracts/CK4SequenceFile.h"
 #include "k4cmndlg/frame/CK4CmnDlgBase.h"
 #include "k4cmndlg/k4cmndlg_export.h"

@@ -5,9 +5,9 @@
 
 #include "k4cmndlg/filesel/CK4CmnDlgFileSelPrev.h"
 #include "k4cmndlg/filesel/FileListOwner.h"
-#include "k4cmndlg/filesel/FrameImage.h"
-#include "k4cmndlg/filesel/SequenceDuration.h"
 #include "k4cmndlg/filesel/ThumbnailSize.h"
+#include "k4cmndlg/filesel/properties/FrameImage.h"
+#include "k4cmndlg/filesel/properties/SequenceDuration.h"
 #include "k4cmndlg/filestore/contracts/SequenceLibrary.h"
 #include "k4cmndlg/frame/Text.h"
 #include "k4cmndlg/frame/WaitCursor.h"

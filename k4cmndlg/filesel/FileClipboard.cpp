@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "k4cmndlg/filesel/StoreFolders.h"
+#include "k4cmndlg/filestore/StoreFolders.h"
 
 namespace k4cmn {
 

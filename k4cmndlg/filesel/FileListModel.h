@@ -4,7 +4,7 @@
 #include <QVariant>
 #include <vector>
 
-#include "k4cmndlg/filesel/FileImages.h"
+#include "k4cmndlg/filelist/FileImages.h"
 #include "k4cmndlg/filesel/FileRows.h"
 #include "k4cmndlg/k4cmndlg_export.h"
 

@@ -5,12 +5,12 @@
 #include <limits>
 #include <utility>
 
-#include "k4cmndlg/filesel/LocalTime.h"
-#include "k4cmndlg/filesel/StoreFolders.h"
 #include "k4cmndlg/filestore/Characters.h"
 #include "k4cmndlg/filestore/SignNames.h"
+#include "k4cmndlg/filestore/StoreFolders.h"
 #include "k4cmndlg/filestore/contracts/SequenceLibrary.h"
 #include "k4cmndlg/frame/Format.h"
+#include "k4cmndlg/frame/LocalTime.h"
 
 namespace k4cmn {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "k4cmndlg/filelist/contracts/PrintSurface.h"
 #include "k4cmndlg/filesel/FileRows.h"
-#include "k4cmndlg/filesel/contracts/PrintSurface.h"
 #include "k4cmndlg/filestore/FileLocation.h"
 #include "k4cmndlg/filestore/contracts/CK4SequenceFile.h"
 #include "k4cmndlg/filestore/contracts/StoreAccess.h"

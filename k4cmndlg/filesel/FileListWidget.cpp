@@ -4,11 +4,11 @@
 #include <QHeaderView>
 #include <memory>
 
+#include "k4cmndlg/filelist/FileReportView.h"
+#include "k4cmndlg/filelist/LabelDelegate.h"
+#include "k4cmndlg/filelist/RowSelection.h"
 #include "k4cmndlg/filesel/FileListModel.h"
 #include "k4cmndlg/filesel/FileNamesView.h"
-#include "k4cmndlg/filesel/FileReportView.h"
-#include "k4cmndlg/filesel/LabelDelegate.h"
-#include "k4cmndlg/filesel/RowSelection.h"
 
 namespace k4cmn {
 

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "k4cmndlg/filesel/FileImages.h"
+#include "k4cmndlg/filelist/FileImages.h"
 #include "k4cmndlg/filesel/FileListReport.h"
 #include "k4cmndlg/filesel/FileRows.h"
 #include "k4cmndlg/k4cmndlg_export.h"

@@ -4,10 +4,10 @@
 #include <map>
 #include <utility>
 
-#include "k4cmndlg/filesel/FindNames.h"
-#include "k4cmndlg/filesel/StoreFolders.h"
 #include "k4cmndlg/filestore/Characters.h"
 #include "k4cmndlg/filestore/FileNameRules.h"
+#include "k4cmndlg/filestore/FindNames.h"
+#include "k4cmndlg/filestore/StoreFolders.h"
 #include "k4cmndlg/filestore/contracts/StoreAccess.h"
 #include "k4cmndlg/frame/FileOperations.h"
 #include "k4cmndlg/frame/contracts/Shell.h"

@@ -3,29 +3,18 @@
 #include <algorithm>
 #include <utility>
 
-#include "k4cmndlg/filesel/FindNames.h"
-#include "k4cmndlg/filesel/LocalTime.h"
-#include "k4cmndlg/filesel/RowOrder.h"
+#include "k4cmndlg/filelist/RowOrder.h"
 #include "k4cmndlg/filestore/Characters.h"
+#include "k4cmndlg/filestore/FindNames.h"
 #include "k4cmndlg/filestore/contracts/StoreAccess.h"
 #include "k4cmndlg/frame/Format.h"
 #include "k4cmndlg/frame/LibraryStrings.h"
+#include "k4cmndlg/frame/LocalTime.h"
 
 namespace k4cmn {
 
 std::vector<FileColumn> FileColumns() {
-    const std::string text = LoadString(IDS_FILE_COLUMNS) + " ";
-    std::vector<FileColumn> columns;
-    for (std::size_t at = 0; at <= text.size();) {
-        const std::size_t end = std::min(text.find(',', at), text.size());
-        columns.push_back({text.substr(at, end - at), columns.size() == FileRows::kSize});
-        at = end + 1;
-    }
-    return columns;
-}
-
-std::string SizeText(std::uint64_t bytes) {
-    return Format("%5llu KB", static_cast<unsigned long long>(bytes / 1024));
+    return ColumnsOf(IDS_FILE_COLUMNS, FileRows::kSize);
 }
 
 std::string ListPattern(const FileLocation& place) {

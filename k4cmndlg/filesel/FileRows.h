@@ -7,27 +7,15 @@
 #include <string_view>
 #include <vector>
 
+#include "k4cmndlg/filelist/ColumnTexts.h"
 #include "k4cmndlg/filesel/LastModifiedFilter.h"
 #include "k4cmndlg/filestore/FileLocation.h"
 #include "k4cmndlg/k4cmncore_export.h"
 
 namespace k4cmn {
 
-/// A column of the file list.
-struct FileColumn {
-    std::string heading;  ///< with its blanks, which make the column's width
-    bool isRightAligned = false;
-
-    bool operator==(const FileColumn&) const = default;
-};
-/// What a column is wider than its heading's text, in pixels.
-inline constexpr int kColumnMargin = 15;
-
-/// The columns of the file list, from the text of resource number 102.
+/// The columns of the file selection dialog's list, from the text of resource number 102.
 K4CMNCORE_EXPORT std::vector<FileColumn> FileColumns();
-
-/// "%5d KB": a size in whole kilobytes, rounded down.
-K4CMNCORE_EXPORT std::string SizeText(std::uint64_t bytes);
 
 /// The pattern of the files that the list shows at a place. Empty, so that nothing is shown, for
 /// scripts and download lists anywhere below a server.

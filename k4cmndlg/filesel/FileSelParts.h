@@ -2,10 +2,10 @@
 
 #include <memory>
 
-#include "k4cmndlg/filesel/DialogPrompt.h"
 #include "k4cmndlg/filesel/FileSelView.h"
 #include "k4cmndlg/filesel/FileSelector.h"
-#include "k4cmndlg/filesel/PropertiesLink.h"
+#include "k4cmndlg/filesel/properties/PropertiesLink.h"
+#include "k4cmndlg/frame/DialogPrompt.h"
 
 namespace Ui {
 class FileSelectionDialog;

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "k4cmndlg/filesel/StoreFolders.h"
 #include "k4cmndlg/filestore/Characters.h"
 #include "k4cmndlg/filestore/SignLimits.h"
+#include "k4cmndlg/filestore/StoreFolders.h"
 #include "k4cmndlg/filestore/contracts/CK4Files.h"
 #include "k4cmndlg/filestore/contracts/CK4Registry.h"
 

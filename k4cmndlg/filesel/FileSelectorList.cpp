@@ -1,6 +1,6 @@
 #include "k4cmndlg/filesel/FileSelector.h"
-#include "k4cmndlg/filesel/LocalTime.h"
 #include "k4cmndlg/filestore/FileNameRules.h"
+#include "k4cmndlg/frame/LocalTime.h"
 
 namespace k4cmn {
 

@@ -1,7 +1,7 @@
 #include "k4cmndlg/filesel/FileSelector.h"
-#include "k4cmndlg/filesel/StoreFolders.h"
 #include "k4cmndlg/filestore/Characters.h"
 #include "k4cmndlg/filestore/FileNameRules.h"
+#include "k4cmndlg/filestore/StoreFolders.h"
 #include "k4cmndlg/filestore/contracts/StoreAccess.h"
 #include "k4cmndlg/frame/contracts/Shell.h"
 

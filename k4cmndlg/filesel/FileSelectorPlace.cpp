@@ -1,7 +1,7 @@
 #include <utility>
 
 #include "k4cmndlg/filesel/FileSelector.h"
-#include "k4cmndlg/filesel/StoreFolders.h"
+#include "k4cmndlg/filestore/StoreFolders.h"
 
 namespace k4cmn {
 

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "k4cmndlg/clients/ReplyFields.h"
-#include "k4cmndlg/filesel/FindNames.h"
 #include "k4cmndlg/filesel/LocalSigns.h"
 #include "k4cmndlg/filestore/Characters.h"
 #include "k4cmndlg/filestore/FileLocation.h"
+#include "k4cmndlg/filestore/FindNames.h"
 #include "k4cmndlg/filestore/contracts/CK4Registry.h"
 #include "k4cmndlg/filestore/contracts/Drives.h"
 

@@ -3,7 +3,7 @@
 #include <QAbstractItemModel>
 #include <unordered_map>
 
-#include "k4cmndlg/filesel/FileImages.h"
+#include "k4cmndlg/filelist/FileImages.h"
 #include "k4cmndlg/filesel/FileTree.h"
 #include "k4cmndlg/k4cmndlg_export.h"
 

@@ -8,8 +8,8 @@
 #include <memory>
 #include <utility>
 
+#include "k4cmndlg/filelist/RowSelection.h"
 #include "k4cmndlg/filesel/FileTreeModel.h"
-#include "k4cmndlg/filesel/RowSelection.h"
 
 namespace k4cmn {
 

@@ -2,7 +2,7 @@
 
 #include <QTreeView>
 
-#include "k4cmndlg/filesel/FileImages.h"
+#include "k4cmndlg/filelist/FileImages.h"
 #include "k4cmndlg/filesel/FileTree.h"
 #include "k4cmndlg/k4cmndlg_export.h"
 

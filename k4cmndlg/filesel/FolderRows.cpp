@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <utility>
 
+#include "k4cmndlg/filelist/RowOrder.h"
 #include "k4cmndlg/filesel/FileRows.h"
-#include "k4cmndlg/filesel/LocalTime.h"
-#include "k4cmndlg/filesel/RowOrder.h"
 #include "k4cmndlg/filestore/Characters.h"
 #include "k4cmndlg/filestore/contracts/CK4Files.h"
 #include "k4cmndlg/filestore/contracts/FileKinds.h"
 #include "k4cmndlg/filestore/contracts/StoreAccess.h"
 #include "k4cmndlg/frame/Format.h"
+#include "k4cmndlg/frame/LocalTime.h"
 
 namespace k4cmn {
 

@@ -1,6 +1,6 @@
 #include "k4cmndlg/filesel/LastModifiedFilter.h"
 
-#include "k4cmndlg/filesel/LocalTime.h"
+#include "k4cmndlg/frame/LocalTime.h"
 
 namespace k4cmn {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "k4cmndlg/filesel/CompressionLevels.h"
-#include "k4cmndlg/filesel/KeywordText.h"
+#include "k4cmndlg/filesel/properties/CompressionLevels.h"
+#include "k4cmndlg/filesel/properties/KeywordText.h"
 #include "k4cmndlg/filestore/Characters.h"
 
 namespace k4cmn {

@@ -1,6 +1,6 @@
 #include "k4cmndlg/filesel/PreviewFacts.h"
 
-#include "k4cmndlg/filesel/SequenceTexts.h"
+#include "k4cmndlg/filesel/properties/SequenceTexts.h"
 #include "k4cmndlg/filestore/PathParts.h"
 #include "k4cmndlg/filestore/SignNames.h"
 #include "k4cmndlg/frame/Format.h"

@@ -1,6 +1,6 @@
 #include "k4cmndlg/filesel/SystemIcons.h"
 
-#include "k4cmndlg/filesel/FileImages.h"
+#include "k4cmndlg/filelist/FileImages.h"
 #include "k4cmndlg/filesel/FolderRows.h"
 #include "k4cmndlg/filestore/Characters.h"
 #include "k4cmndlg/filestore/contracts/FileKinds.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "k4cmndlg/filesel/contracts/PrintSurface.h"
+#include "k4cmndlg/filelist/contracts/PrintSurface.h"
 #include "suite/printing/PrintedDocument.h"
 
 namespace k4suite {

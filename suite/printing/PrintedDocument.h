@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "k4cmndlg/filesel/contracts/PrintSurface.h"
+#include "k4cmndlg/filelist/contracts/PrintSurface.h"
 
 namespace k4suite {
 

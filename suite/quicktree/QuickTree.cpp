@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "k4cmndlg/filesel/FindNames.h"
-#include "k4cmndlg/filesel/RowOrder.h"
-#include "k4cmndlg/filesel/StoreFolders.h"
+#include "k4cmndlg/filelist/RowOrder.h"
 #include "k4cmndlg/filestore/Characters.h"
 #include "k4cmndlg/filestore/FileTypes.h"
+#include "k4cmndlg/filestore/FindNames.h"
+#include "k4cmndlg/filestore/StoreFolders.h"
 #include "k4cmndlg/filestore/contracts/CK4Files.h"
 #include "k4cmndlg/filestore/contracts/StoreAccess.h"
 

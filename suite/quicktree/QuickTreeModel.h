@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "k4cmndlg/filesel/FileImages.h"
+#include "k4cmndlg/filelist/FileImages.h"
 #include "k4cmndlg/filesel/contracts/K4QuickFileTreeCtrl.h"
 #include "suite/quicktree/QuickTree.h"
 

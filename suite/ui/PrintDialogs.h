@@ -1,6 +1,6 @@
 #pragma once
 
-#include "k4cmndlg/filesel/contracts/Printing.h"
+#include "k4cmndlg/filelist/contracts/Printing.h"
 
 namespace k4suite {
 

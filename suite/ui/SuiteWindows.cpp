@@ -1,6 +1,6 @@
 #include "suite/ui/SuiteWindows.h"
 
-#include "k4cmndlg/filesel/contracts/Printing.h"
+#include "k4cmndlg/filelist/contracts/Printing.h"
 #include "k4cmndlg/frame/contracts/HelpSystem.h"
 #include "k4cmndlg/frame/contracts/MessagePresenter.h"
 #include "suite/quicktree/QuickFileTree.h"

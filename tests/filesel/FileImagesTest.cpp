@@ -1,4 +1,4 @@
-#include "k4cmndlg/filesel/FileImages.h"
+#include "k4cmndlg/filelist/FileImages.h"
 
 #include <gmock/gmock.h>
 
@@ -6,7 +6,7 @@
 #include <QImage>
 #include <QPixmap>
 
-#include "k4cmndlg/filesel/FilePictures.h"
+#include "k4cmndlg/filelist/FilePictures.h"
 #include "k4cmndlg/filesel/FileTreeItem.h"
 #include "k4cmndlg/filestore/FileTypes.h"
 

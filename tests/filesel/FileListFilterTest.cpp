@@ -3,7 +3,7 @@
 #include <limits>
 
 #include "k4cmndlg/filesel/LastModifiedFilter.h"
-#include "k4cmndlg/filesel/LocalTime.h"
+#include "k4cmndlg/frame/LocalTime.h"
 #include "k4cmndlg/frame/contracts/Clock.h"
 #include "tests/filesel/ScopedTimeZone.h"
 #include "tests/support/DrivenClock.h"

@@ -5,10 +5,10 @@
 #include <random>
 #include <sstream>
 
+#include "k4cmndlg/filelist/RowOrder.h"
 #include "k4cmndlg/filesel/FileRows.h"
-#include "k4cmndlg/filesel/LocalTime.h"
-#include "k4cmndlg/filesel/RowOrder.h"
 #include "k4cmndlg/filestore/Characters.h"
+#include "k4cmndlg/frame/LocalTime.h"
 #include "tests/filesel/ScopedTimeZone.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "k4cmndlg/filesel/contracts/Printing.h"
+#include "k4cmndlg/filelist/contracts/Printing.h"
 #include "k4cmndlg/frame/Format.h"
 #include "k4cmndlg/signctl/CK4CmnDlgCreateSignFolders.h"
 #include "suite/settings/PreviewRequest.h"

@@ -20,10 +20,10 @@
 #include <string>
 #include <vector>
 
-#include "k4cmndlg/filesel/CK4CmnDlgFileProp.h"
 #include "k4cmndlg/filesel/CK4CmnDlgFileSel.h"
 #include "k4cmndlg/filesel/FileListWidget.h"
 #include "k4cmndlg/filesel/FileTreeWidget.h"
+#include "k4cmndlg/filesel/properties/CK4CmnDlgFileProp.h"
 #include "k4cmndlg/frame/WindowMessage.h"
 #include "suite/sequence/RiffSequenceLibrary.h"
 #include "suite/sequence/SequenceWriter.h"

@@ -1,4 +1,4 @@
-#include "k4cmndlg/filesel/FramePicture.h"
+#include "k4cmndlg/filesel/properties/FramePicture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "k4cmndlg/filesel/KeywordText.h"
+#include "k4cmndlg/filesel/properties/KeywordText.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "k4cmndlg/filesel/KeywordText.h"
+#include "k4cmndlg/filesel/properties/KeywordText.h"
 #include "k4cmndlg/filestore/Characters.h"
 #include "tests/suite/sequence/FullDisk.h"
 #include "tests/suite/sequence/SequenceFixture.h"

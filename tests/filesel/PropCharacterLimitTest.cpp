@@ -6,7 +6,7 @@
 #include <QPlainTextEdit>
 #include <QTest>
 
-#include "k4cmndlg/filesel/CharacterLimit.h"
+#include "k4cmndlg/filesel/properties/CharacterLimit.h"
 
 namespace {
 

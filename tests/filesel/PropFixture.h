@@ -16,8 +16,8 @@
 #include <string>
 #include <vector>
 
-#include "k4cmndlg/filesel/CK4CmnDlgFileProp.h"
 #include "k4cmndlg/filesel/ThumbnailBox.h"
+#include "k4cmndlg/filesel/properties/CK4CmnDlgFileProp.h"
 #include "k4cmndlg/frame/WindowMessage.h"
 #include "suite/bulbcv/PlaneBulbCv.h"
 #include "suite/sequence/RiffSequenceLibrary.h"

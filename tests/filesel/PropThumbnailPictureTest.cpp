@@ -1,5 +1,5 @@
-#include "k4cmndlg/filesel/FrameImage.h"
-#include "k4cmndlg/filesel/FramePicture.h"
+#include "k4cmndlg/filesel/properties/FrameImage.h"
+#include "k4cmndlg/filesel/properties/FramePicture.h"
 #include "tests/filesel/PropFixture.h"
 
 namespace k4test {

@@ -1,4 +1,4 @@
-#include "k4cmndlg/filesel/CK4CmnSeqFileProperties.h"
+#include "k4cmndlg/filesel/properties/CK4CmnSeqFileProperties.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "k4cmndlg/filesel/SequenceDuration.h"
+#include "k4cmndlg/filesel/properties/SequenceDuration.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "k4cmndlg/filesel/SequenceTexts.h"
+#include "k4cmndlg/filesel/properties/SequenceTexts.h"
 
 #include <gtest/gtest.h>
 

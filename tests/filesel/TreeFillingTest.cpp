@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "k4cmndlg/filesel/FileTree.h"
-#include "k4cmndlg/filesel/FindNames.h"
+#include "k4cmndlg/filestore/FindNames.h"
 #include "tests/filesel/TreeText.h"
 #include "tests/support/StoreFixture.h"
 

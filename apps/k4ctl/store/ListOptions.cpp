@@ -7,8 +7,8 @@
 #include "apps/k4ctl/Names.h"
 #include "apps/k4ctl/sequence/OptionWords.h"
 #include "k4cmndlg/filesel/FileTreeItem.h"
-#include "k4cmndlg/filesel/LocalTime.h"
 #include "k4cmndlg/filestore/FileTypes.h"
+#include "k4cmndlg/frame/LocalTime.h"
 
 namespace k4ctl {
 namespace {

@@ -9,8 +9,8 @@
 #include "apps/k4ctl/store/Readable.h"
 #include "k4cmndlg/filesel/FileTree.h"
 #include "k4cmndlg/filesel/LocalSigns.h"
-#include "k4cmndlg/filesel/StoreFolders.h"
 #include "k4cmndlg/filestore/FileTypes.h"
+#include "k4cmndlg/filestore/StoreFolders.h"
 #include "k4cmndlg/frame/Text.h"
 
 namespace k4ctl {

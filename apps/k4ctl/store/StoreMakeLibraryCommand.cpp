@@ -3,10 +3,10 @@
 #include <CLI/CLI.hpp>
 
 #include "k4cmndlg/filesel/FileChanges.h"
-#include "k4cmndlg/filesel/FindNames.h"
-#include "k4cmndlg/filesel/StoreFolders.h"
 #include "k4cmndlg/filestore/Characters.h"
 #include "k4cmndlg/filestore/FileNameRules.h"
+#include "k4cmndlg/filestore/FindNames.h"
+#include "k4cmndlg/filestore/StoreFolders.h"
 #include "k4cmndlg/frame/Text.h"
 #include "suite/settings/NameText.h"
 

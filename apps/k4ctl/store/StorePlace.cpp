@@ -4,10 +4,10 @@
 #include <string_view>
 #include <utility>
 
-#include "k4cmndlg/filesel/FindNames.h"
-#include "k4cmndlg/filesel/StoreFolders.h"
 #include "k4cmndlg/filestore/Characters.h"
 #include "k4cmndlg/filestore/FileTypes.h"
+#include "k4cmndlg/filestore/FindNames.h"
+#include "k4cmndlg/filestore/StoreFolders.h"
 
 namespace k4ctl {
 namespace {

@@ -11,8 +11,8 @@
 #include "apps/k4ctl/sequence/SequenceWords.h"
 #include "apps/k4ctl/store/Readable.h"
 #include "apps/k4ctl/store/TextPages.h"
-#include "k4cmndlg/filesel/LocalTime.h"
 #include "k4cmndlg/filestore/FileTypes.h"
+#include "k4cmndlg/frame/LocalTime.h"
 #include "k4cmndlg/frame/Text.h"
 #include "suite/printing/PdfSurface.h"
 

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "k4cmndlg/filesel/contracts/PrintSurface.h"
+#include "k4cmndlg/filelist/contracts/PrintSurface.h"
 
 namespace k4ctl {
 

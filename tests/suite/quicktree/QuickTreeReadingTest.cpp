@@ -2,7 +2,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "k4cmndlg/filesel/FileImages.h"
+#include "k4cmndlg/filelist/FileImages.h"
 #include "k4cmndlg/filesel/FileTreeItem.h"
 #include "tests/suite/platform/OrdinaryUser.h"
 #include "tests/suite/quicktree/QuickTreeFixture.h"

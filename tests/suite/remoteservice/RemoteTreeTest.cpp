@@ -4,8 +4,8 @@
 
 #include "k4cmndlg/clients/contracts/K4rsRpc.h"
 #include "k4cmndlg/filesel/FileTree.h"
-#include "k4cmndlg/filesel/FindNames.h"
 #include "k4cmndlg/filesel/RemoteEntries.h"
+#include "k4cmndlg/filestore/FindNames.h"
 #include "suite/EmbeddedSuite.h"
 #include "suite/remoteservice/RemoteEngine.h"
 #include "suite/sample/SampleData.h"

@@ -4,8 +4,8 @@
 
 #include <QTreeView>
 
+#include "k4cmndlg/filelist/contracts/Printing.h"
 #include "k4cmndlg/filesel/contracts/K4QuickFileTreeCtrl.h"
-#include "k4cmndlg/filesel/contracts/Printing.h"
 #include "k4cmndlg/frame/contracts/HelpSystem.h"
 #include "k4cmndlg/frame/contracts/MessagePresenter.h"
 #include "suite/platform/FileOperationUi.h"
