@@ -13,11 +13,16 @@ endif()
 if(K4_SANITIZE)
     target_compile_options(k4_options INTERFACE -fsanitize=${K4_SANITIZE} -fno-omit-frame-pointer
                                                 -fno-sanitize-recover=all -O1 -g1)
-    # A test program's own code (the property K4_TEST) isn't looked at for undefined behaviour: what
-    # is tested is, and the checks would make half of the time that the tests take to compile.
-    target_compile_options(k4_options
-                           INTERFACE $<$<BOOL:$<TARGET_PROPERTY:K4_TEST>>:-fno-sanitize=undefined>)
+    # A test program's own code (the property K4_TEST) isn't looked at for undefined behaviour, nor
+    # optimised: what is tested is. Both would make most of the time that the tests take to compile.
+    target_compile_options(
+        k4_options INTERFACE "$<$<BOOL:$<TARGET_PROPERTY:K4_TEST>>:-fno-sanitize=undefined;-O0>")
     target_link_options(k4_options INTERFACE -fsanitize=${K4_SANITIZE})
+endif()
+if(K4_WHOLE_BUILD)
+    # Programs read the precompiled headers of a library only if they are compiled for the same kind
+    # of code.
+    target_compile_options(k4_options INTERFACE $<$<BOOL:$<TARGET_PROPERTY:K4_TEST>>:-fPIC>)
 endif()
 
 set(CMAKE_CXX_STANDARD 20)

@@ -12,10 +12,25 @@ function(k4_library_folder)
     endif()
 endfunction()
 
+# k4_whole_headers(TARGET header...): in a whole build these headers are compiled once for the sources
+# of a target, and of those that k4_whole_headers_of(TARGET OWNER) names. The other builds compile
+# each source as it is, which finds an include that is missing.
+function(k4_whole_headers target)
+    if(K4_WHOLE_BUILD)
+        target_precompile_headers(${target} PRIVATE ${ARGN})
+    endif()
+endfunction()
+function(k4_whole_headers_of target owner)
+    if(K4_WHOLE_BUILD)
+        target_precompile_headers(${target} REUSE_FROM ${owner})
+    endif()
+endfunction()
+
 # k4_core_test(NAME source...): a test executable over the core alone.
 function(k4_core_test name)
     add_executable(${name} ${ARGN})
     set_target_properties(${name} PROPERTIES K4_TEST ON)
+    k4_whole_headers_of(${name} k4test_core)
     target_link_libraries(${name} PRIVATE k4_options k4test_core k4cmncore GTest::gmock GTest::gtest
                                           GTest::gtest_main)
     add_test(NAME ${name} COMMAND ${name})
@@ -26,6 +41,7 @@ endfunction()
 function(k4_suite_test name)
     add_executable(${name} ${ARGN})
     set_target_properties(${name} PROPERTIES K4_TEST ON)
+    k4_whole_headers_of(${name} k4test_core)
     target_link_libraries(${name} PRIVATE k4_qt_options k4test_suite k4suite k4cmncore GTest::gmock
                                           GTest::gtest)
     add_test(NAME ${name} COMMAND ${name})
@@ -36,6 +52,7 @@ endfunction()
 function(k4_window_test name)
     add_executable(${name} ${ARGN})
     set_target_properties(${name} PROPERTIES K4_TEST ON)
+    k4_whole_headers_of(${name} k4test_windows)
     target_link_libraries(${name} PRIVATE k4_qt_options k4test_windows k4suiteui k4suite k4cmndlg
                                           k4cmncore Qt6::Widgets Qt6::Test GTest::gmock GTest::gtest)
     add_test(NAME ${name} COMMAND ${name})
