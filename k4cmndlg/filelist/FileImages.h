@@ -12,8 +12,8 @@
 namespace k4cmn {
 
 /// The images that the tree and the list of files share, 16 by 16 pixels at the least: notice,
-/// server, sign type, library, then one for each extension of the dialog. FileTreeItem.h names the
-/// positions. A value; copies share the pictures. Threads: the user interface thread.
+/// server, sign type, library, then one for each extension of the dialog. ImagePositions.h names
+/// the positions. A value; copies share the pictures. Threads: the user interface thread.
 class K4CMNDLG_EXPORT FileImages {
  public:
     static constexpr int kSize = 16;

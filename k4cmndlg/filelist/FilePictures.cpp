@@ -80,6 +80,17 @@ void DrawServer(QPainter& painter) {
         Box(painter, kInk, 5, y, 3, 1);
 }
 
+void DrawFileServers(QPainter& painter) {
+    for (const int x : {0, 8}) {
+        Framed(painter, kInk, kShade, x, 0, 8, 10);
+        Framed(painter, kInk, kPaper, x + 2, 2, 4, 3);
+        Box(painter, kGreen, x + 5, 7, 1, 1);
+    }
+    for (const int x : {3, 11})
+        Box(painter, kBlue, x, 10, 2, 4);
+    Box(painter, kBlue, 0, 13, 16, 2);
+}
+
 /// A board of lamps. @param lit which of its 7 columns and 4 rows shine, row by row.
 void Board(QPainter& painter, std::string_view lit) {
     constexpr std::size_t columns = 7;
@@ -233,9 +244,10 @@ struct Picture {
 };
 
 /// The last one is that of any file.
-constexpr std::array<Picture, 17> kPictures{{
+constexpr std::array<Picture, 18> kPictures{{
     {"notice", DrawNotice},
     {"server", DrawServer},
+    {"file-servers", DrawFileServers},
     {"sign-type", DrawSignType},
     {"library", DrawLibrary},
     {"SQ4", DrawSequence},

@@ -17,7 +17,8 @@ inline constexpr int kPictureUnits = 16;
 /// multiple of that.
 class K4CMNDLG_EXPORT FilePicture {
  public:
-    /// @param name "notice", "server", "sign-type", "library"; an extension of the store in upper
+    /// @param name "notice", "server", "file-servers", "sign-type", "library"; an extension of the
+    /// store in upper
     ///        case; "up", "list", "details", "sign-filter", "properties". Of any other name it is
     ///        the picture of any file.
     explicit FilePicture(std::string_view name);

@@ -5,7 +5,7 @@
 #include <QLineEdit>
 #include <utility>
 
-#include "k4cmndlg/filesel/FileNamesView.h"
+#include "k4cmndlg/filelist/FileNamesView.h"
 
 namespace k4cmn {
 
@@ -63,7 +63,6 @@ bool LabelDelegate::eventFilter(QObject* object, QEvent* event) {
 
 void LabelDelegate::Closed() {
     // It is deleted later, and can't be closed again.
-    m_editor.clear();
     m_editor.clear();
     const int row = std::exchange(m_row, -1);
     if (row >= 0)

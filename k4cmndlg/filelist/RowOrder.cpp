@@ -10,7 +10,7 @@
 #include <string_view>
 #include <utility>
 
-#include "k4cmndlg/filestore/Characters.h"
+#include "k4cmndlg/filelist/TextOrder.h"
 #include "k4cmndlg/frame/FieldNumber.h"
 #include "k4cmndlg/frame/LocalTime.h"
 
@@ -177,15 +177,7 @@ Order OrderByTime(const std::vector<std::int64_t>& times) {
 }
 
 Order OrderByText(const std::vector<std::string>& texts, bool ascending) {
-    std::vector<std::string> lower;
-    lower.reserve(texts.size());
-    for (const std::string& text : texts)
-        lower.push_back(WithoutCase(text));
-    Order order = PresentOrder(texts.size());
-    std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-        return ascending ? lower[a] < lower[b] : lower[b] < lower[a];
-    });
-    return order;
+    return OrderOfTexts({texts.begin(), texts.end()}, ascending);
 }
 
 Order OrderByDate(const std::vector<std::string>& texts, bool ascending) {

@@ -19,7 +19,6 @@ struct Range {
 // In ascending order, and none inside another.
 // clang-format off
 constexpr Range kRanges[] = {
-    {0x0041, 0x005A, 1, 32},
     {0x00B5, 0x00B5, 1, 775}, {0x00C0, 0x00D6, 1, 32}, {0x00D8, 0x00DE, 1, 32},
     {0x0100, 0x012E, 2, 1}, {0x0132, 0x0136, 2, 1}, {0x0139, 0x0147, 2, 1},
     {0x014A, 0x0176, 2, 1}, {0x0178, 0x0178, 1, -121}, {0x0179, 0x017D, 2, 1},
@@ -113,6 +112,9 @@ char32_t NextCharacter(std::string_view bytes, std::size_t& at) {
 }
 
 char32_t FoldedCharacter(char32_t character) {
+    // Most names have no other characters, and folders are long.
+    if (character < 0x80)
+        return character >= U'A' && character <= U'Z' ? character + 32 : character;
     const auto* behind =
         std::upper_bound(std::begin(kRanges), std::end(kRanges), character,
                          [](char32_t wanted, const Range& range) { return wanted < range.first; });

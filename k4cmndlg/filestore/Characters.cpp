@@ -78,6 +78,11 @@ std::string FirstCharacters(std::string_view text, std::size_t most) {
     return std::string(text.substr(0, end));
 }
 
+std::string WithoutLastCharacters(std::string_view text, std::size_t count) {
+    const std::size_t all = CharacterCount(text);
+    return FirstCharacters(text, all - std::min(all, count));
+}
+
 std::string WithoutCase(std::string_view text) {
     std::string folded;
     folded.reserve(text.size());

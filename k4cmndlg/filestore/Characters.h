@@ -14,6 +14,9 @@ K4CMNCORE_EXPORT std::size_t CharacterCount(std::string_view text);
 /// The first characters of a text, `most` at most, and none of them in pieces.
 K4CMNCORE_EXPORT std::string FirstCharacters(std::string_view text, std::size_t most);
 
+/// A text less its last characters, as many as it has at most.
+K4CMNCORE_EXPORT std::string WithoutLastCharacters(std::string_view text, std::size_t count);
+
 /// A text as it counts where case doesn't: each character by FoldedCharacter(). Malformed bytes are
 /// kept as they are.
 K4CMNCORE_EXPORT std::string WithoutCase(std::string_view text);

@@ -1,8 +1,8 @@
 #include "k4cmndlg/filestore/FindNames.h"
 
-#include <algorithm>
 #include <utility>
 
+#include "k4cmndlg/filestore/Characters.h"
 #include "k4cmndlg/filestore/contracts/CK4Files.h"
 
 namespace k4cmn {
@@ -25,7 +25,7 @@ std::vector<std::string> FolderNames(const std::string& pattern, std::string_vie
     std::vector<std::string> names;
     FindNames(names, pattern, 1);
     for (std::string& name : names)
-        name.resize(name.size() - std::min(name.size(), ending.size()));
+        name = WithoutLastCharacters(name, ending.size());
     return names;
 }
 

@@ -21,7 +21,8 @@ K4CMNCORE_EXPORT int FindNames(std::vector<std::string>& list, const std::string
                                int wantFolders);
 
 /// The names of folders that match a pattern, each without the characters of its ending.
-/// @param ending what the pattern ends in, such as ".Lib"; cut by its length, whatever its case.
+/// @param ending what the pattern ends in, such as ".Lib"; cut by its length in characters,
+/// whatever its case.
 /// @return none if nothing matched.
 K4CMNCORE_EXPORT std::vector<std::string> FolderNames(const std::string& pattern,
                                                       std::string_view ending);

@@ -13,6 +13,14 @@ std::string RowsMultipleText() {
     return "Number of rows must be 7 or a multiple of 8.\n";
 }
 
+std::string ColumnsMultipleText() {
+    return "Number of columns must be a multiple of 8.\n";
+}
+
+std::string InvalidTechnologiesText() {
+    return "Color and pixel technology are invalid.";
+}
+
 std::vector<std::string> SignSizeMessages(std::uint32_t rows, std::uint32_t columns,
                                           std::uint32_t columnsForMultiple) {
     std::vector<std::string> messages;
@@ -24,8 +32,8 @@ std::vector<std::string> SignSizeMessages(std::uint32_t rows, std::uint32_t colu
         messages.push_back(TooManyPixelsText());
     if (!IsRowsMultipleLegal(rows))
         messages.push_back(RowsMultipleText());
-    if (columnsForMultiple % 8 != 0)
-        messages.emplace_back("Number of columns must be a multiple of 8.\n");
+    if (!IsColumnsMultipleLegal(columnsForMultiple))
+        messages.push_back(ColumnsMultipleText());
     return messages;
 }
 
@@ -37,7 +45,7 @@ std::vector<std::string> SignTypeMessages(std::uint32_t rows, std::uint32_t colu
                                           tag_K4_SIGN_COLOR color, tag_K4_PIXEL_TECH pixel) {
     std::vector<std::string> messages = SignSizeMessages(rows, columns);
     if (!IsColorAndPixelTechValid(color, pixel))
-        messages.emplace_back("Color and pixel technology are invalid.");
+        messages.push_back(InvalidTechnologiesText());
     return messages;
 }
 

@@ -41,6 +41,10 @@ K4CMNCORE_EXPORT std::vector<std::string> SignTypeMessages(std::uint32_t rows,
 K4CMNCORE_EXPORT std::string TooManyPixelsText();
 /// The message for rows that are neither 7 nor a multiple of 8, which other dialogs show too.
 K4CMNCORE_EXPORT std::string RowsMultipleText();
+/// The message for columns that are no multiple of 8, which other dialogs show too.
+K4CMNCORE_EXPORT std::string ColumnsMultipleText();
+/// The message for a pair of technologies that isn't valid, which other dialogs show too.
+K4CMNCORE_EXPORT std::string InvalidTechnologiesText();
 
 /// Whether rows times columns is within the limit, whatever the two are.
 constexpr bool IsPixelCountLegal(std::uint32_t rows, std::uint32_t columns) {
@@ -49,6 +53,10 @@ constexpr bool IsPixelCountLegal(std::uint32_t rows, std::uint32_t columns) {
 /// Whether rows are 7 or a multiple of 8.
 constexpr bool IsRowsMultipleLegal(std::uint32_t rows) {
     return rows == 7 || rows % 8 == 0;
+}
+/// Whether columns are a multiple of 8.
+constexpr bool IsColumnsMultipleLegal(std::uint32_t columns) {
+    return columns % 8 == 0;
 }
 
 }  // namespace k4cmn

@@ -62,8 +62,28 @@ void SwitchOff(QRadioButton* button) {
         group->setExclusive(groupWas);
 }
 
-QString Number(std::int32_t value) {
-    return QString::number(value);
+/// Moves a number, which a parser reads from a text.
+template <class Number, class Parse>
+void ExchangeNumber(CDataExchange* pDX, QLineEdit* edit, Number& value, Parse parse) {
+    if (!pDX->Ok())
+        return;
+    pDX->PrepareControl(edit);
+    if (pDX->Loading()) {
+        SetFieldText(edit, QString::number(value));
+        return;
+    }
+    if (const auto number = parse(FromQt(edit->text())))
+        value = *number;
+    else
+        pDX->Fail(LoadString(k4cmn::AFX_IDP_PARSE_INT));
+}
+
+template <class Number>
+void CheckRange(CDataExchange* pDX, Number value, Number minimum, Number maximum) {
+    if (!pDX->Saving() || (value >= minimum && value <= maximum))
+        return;
+    pDX->Fail(FormatMessage1(LoadString(k4cmn::AFX_IDP_PARSE_INT_RANGE),
+                             {std::to_string(minimum), std::to_string(maximum)}));
 }
 
 }  // namespace
@@ -79,17 +99,11 @@ void DDX_Text(CDataExchange* pDX, QLineEdit* edit, std::string& value) {
 }
 
 void DDX_Text(CDataExchange* pDX, QLineEdit* edit, std::int32_t& value) {
-    if (!pDX->Ok())
-        return;
-    pDX->PrepareControl(edit);
-    if (pDX->Loading()) {
-        SetFieldText(edit, Number(value));
-        return;
-    }
-    if (const auto number = k4cmn::ParseInteger(FromQt(edit->text())))
-        value = *number;
-    else
-        pDX->Fail(LoadString(k4cmn::AFX_IDP_PARSE_INT));
+    ExchangeNumber(pDX, edit, value, k4cmn::ParseInteger);
+}
+
+void DDX_Text(CDataExchange* pDX, QLineEdit* edit, std::uint32_t& value) {
+    ExchangeNumber(pDX, edit, value, k4cmn::ParseUnsigned);
 }
 
 void DDX_Check(CDataExchange* pDX, QAbstractButton* button, int& value) {
@@ -140,6 +154,18 @@ void DDX_CBString(CDataExchange* pDX, QComboBox* combo, std::string& value) {
         combo->setEditText(ToQt(value));
 }
 
+void DDX_CBIndex(CDataExchange* pDX, QComboBox* combo, int& index) {
+    if (!pDX->Ok())
+        return;
+    pDX->PrepareControl(combo);
+    if (pDX->Saving()) {
+        index = combo->currentIndex();
+    } else {
+        const QSignalBlocker quiet(combo);
+        combo->setCurrentIndex(index);
+    }
+}
+
 void DDX_Slider(CDataExchange* pDX, QSlider* slider, int& value) {
     if (!pDX->Ok())
         return;
@@ -154,10 +180,12 @@ void DDX_Slider(CDataExchange* pDX, QSlider* slider, int& value) {
 
 void DDV_MinMaxInt(CDataExchange* pDX, std::int32_t value, std::int32_t minimum,
                    std::int32_t maximum) {
-    if (!pDX->Saving() || (value >= minimum && value <= maximum))
-        return;
-    pDX->Fail(FormatMessage1(LoadString(k4cmn::AFX_IDP_PARSE_INT_RANGE),
-                             {std::to_string(minimum), std::to_string(maximum)}));
+    CheckRange(pDX, value, minimum, maximum);
+}
+
+void DDV_MinMaxUInt(CDataExchange* pDX, std::uint32_t value, std::uint32_t minimum,
+                    std::uint32_t maximum) {
+    CheckRange(pDX, value, minimum, maximum);
 }
 
 void DDV_MaxChars(CDataExchange* pDX, const std::string& value, std::size_t maximum) {

@@ -60,6 +60,9 @@ class K4CMNDLG_EXPORT CDataExchange {
 K4CMNDLG_EXPORT void DDX_Text(CDataExchange* pDX, QLineEdit* edit, std::string& value);
 /// A text that is no integer of 32 bits is refused: "Enter an integer."
 K4CMNDLG_EXPORT void DDX_Text(CDataExchange* pDX, QLineEdit* edit, std::int32_t& value);
+/// A number without a sign. One of any length is a number, pinned to 32 bits, so that a check of
+/// its range tells what is wrong with it; any other text is refused: "Enter an integer."
+K4CMNDLG_EXPORT void DDX_Text(CDataExchange* pDX, QLineEdit* edit, std::uint32_t& value);
 /// 1 checked, 0 not.
 K4CMNDLG_EXPORT void DDX_Check(CDataExchange* pDX, QAbstractButton* button, int& value);
 /// The index of the button that is on, -1 if none is.
@@ -68,6 +71,8 @@ K4CMNDLG_EXPORT void DDX_Radio(CDataExchange* pDX, std::initializer_list<QRadioB
 /// The text of a combo box. Loading selects the entry with exactly that text, or none; an editable
 /// one shows the text in either case.
 K4CMNDLG_EXPORT void DDX_CBString(CDataExchange* pDX, QComboBox* combo, std::string& value);
+/// The index of a combo box's entry; -1 for none. Loading an index that isn't there selects none.
+K4CMNDLG_EXPORT void DDX_CBIndex(CDataExchange* pDX, QComboBox* combo, int& index);
 /// The position of a slider, in its own units. Loading a number outside of the slider's range moves
 /// it to the nearer end; the member keeps the number until it is read back.
 K4CMNDLG_EXPORT void DDX_Slider(CDataExchange* pDX, QSlider* slider, int& value);
@@ -78,6 +83,9 @@ K4CMNDLG_EXPORT void DDX_Slider(CDataExchange* pDX, QSlider* slider, int& value)
 /// "Enter an integer between %1 and %2."
 K4CMNDLG_EXPORT void DDV_MinMaxInt(CDataExchange* pDX, std::int32_t value, std::int32_t minimum,
                                    std::int32_t maximum);
+/// The same words, for a number without a sign.
+K4CMNDLG_EXPORT void DDV_MinMaxUInt(CDataExchange* pDX, std::uint32_t value, std::uint32_t minimum,
+                                    std::uint32_t maximum);
 /// "Enter no more than %1 characters." Loading limits what the field takes to that number. What
 /// counts is UTF-16 units, as the toolkit's fields count them.
 K4CMNDLG_EXPORT void DDV_MaxChars(CDataExchange* pDX, const std::string& value,

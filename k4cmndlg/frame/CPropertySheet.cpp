@@ -226,3 +226,16 @@ void CPropertySheet::SetMargin(int right, int bottom) {
     m_column->activate();
     resize(size);
 }
+
+QRect CPropertySheet::PagesPlace() const {
+    return m_tabs->geometry();
+}
+
+void CPropertySheet::KeepPagesHeight(bool kept) {
+    if (kept && !m_below) {
+        m_below = new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding);
+        m_column->addItem(m_below);
+    }
+    m_tabs->setMaximumHeight(kept ? m_tabs->height() : QWIDGETSIZE_MAX);
+    m_column->activate();
+}

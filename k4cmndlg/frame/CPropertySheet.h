@@ -7,6 +7,7 @@
 #include "k4cmndlg/k4cmndlg_export.h"
 
 class CPropertyPage;
+class QSpacerItem;
 class QTabWidget;
 class QVBoxLayout;
 
@@ -81,6 +82,11 @@ class K4CMNDLG_EXPORT CPropertySheet : public k4cmn::DialogFrame {
     /// the room that was kept before.
     /// @param right beside the pages, @param bottom below them and the standard buttons, in pixels.
     void SetMargin(int right, int bottom);
+    /// Where the pages with their tabs stand in the window.
+    QRect PagesPlace() const;
+    /// Whether the pages keep the height that they have, so that a window which becomes higher has
+    /// more room below them. One that becomes lower takes from them in either case.
+    void KeepPagesHeight(bool kept);
 
  private:
     friend class CPropertyPage;
@@ -94,7 +100,8 @@ class K4CMNDLG_EXPORT CPropertySheet : public k4cmn::DialogFrame {
 
     QVBoxLayout* m_column;
     QTabWidget* m_tabs;
-    QWidget* m_row;  ///< of the standard buttons
+    QWidget* m_row;                  ///< of the standard buttons
+    QSpacerItem* m_below = nullptr;  ///< takes the height that the pages leave
     int m_first;
     int m_active = -1;
     bool m_modal = false;   ///< DoModal is running

@@ -23,7 +23,8 @@ enum class PlaceMemory : bool { Off, On };
 
 /// What CK4CmnDialog, CK4CmnDlgBase and CPropertySheet share: position memory and context help. The
 /// first two differ in what they add to every help id that goes to the help system; a property
-/// sheet, whose title is that of what it shows, has no memory for its place.
+/// sheet, whose title is that of what it shows, has no memory for its place, nor has a dialog that
+/// derives from this class itself.
 ///
 /// The place. The profile holds a text "WindowPos" in the section "Dialogs\%s", with the window's
 /// title: read when the window is created, under the title that it then has, and written when it is

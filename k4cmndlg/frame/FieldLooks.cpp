@@ -1,6 +1,7 @@
 #include "k4cmndlg/frame/FieldLooks.h"
 
 #include <QLineEdit>
+#include <QRegularExpressionValidator>
 
 namespace k4cmn {
 
@@ -17,6 +18,11 @@ void PutOnGround(QLineEdit* edit) {
     QPalette ground = edit->palette();
     ground.setBrush(QPalette::Base, ground.window());
     edit->setPalette(ground);
+}
+
+void TakeDigitsAlone(QLineEdit* edit) {
+    const QRegularExpression digits(QStringLiteral("\\d*"));
+    edit->setValidator(new QRegularExpressionValidator(digits, edit));
 }
 
 }  // namespace k4cmn

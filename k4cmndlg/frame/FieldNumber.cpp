@@ -12,6 +12,13 @@ constexpr std::string_view kBlanks = " \t";
 constexpr std::int64_t kLowest = std::numeric_limits<std::int32_t>::min();
 constexpr std::int64_t kHighest = std::numeric_limits<std::int32_t>::max();
 
+/// The number of a text that holds nothing else but blanks around it.
+std::optional<std::int64_t> WholeNumber(std::string_view text) {
+    const auto number = TakeNumber(text);
+    const bool whole = text.find_first_not_of(kBlanks) == std::string_view::npos;
+    return whole ? number : std::nullopt;
+}
+
 }  // namespace
 
 std::optional<std::int64_t> TakeNumber(std::string_view& text) {
@@ -31,11 +38,18 @@ std::optional<std::int64_t> TakeNumber(std::string_view& text) {
 }
 
 std::optional<std::int32_t> ParseInteger(std::string_view text) {
-    const auto number = TakeNumber(text);
-    const bool whole = text.find_first_not_of(kBlanks) == std::string_view::npos;
-    if (!number || !whole || *number < kLowest || *number > kHighest)
+    const auto number = WholeNumber(text);
+    if (!number || *number < kLowest || *number > kHighest)
         return std::nullopt;
     return static_cast<std::int32_t>(*number);
+}
+
+std::optional<std::uint32_t> ParseUnsigned(std::string_view text) {
+    constexpr std::int64_t kMost = std::numeric_limits<std::uint32_t>::max();
+    const auto number = WholeNumber(text);
+    if (!number)
+        return std::nullopt;
+    return static_cast<std::uint32_t>(std::clamp<std::int64_t>(*number, 0, kMost));
 }
 
 std::int32_t LeadingNumber(std::string_view text) {

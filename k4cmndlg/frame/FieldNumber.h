@@ -17,6 +17,11 @@ K4CMNCORE_EXPORT std::optional<std::int64_t> TakeNumber(std::string_view& text);
 /// @return the number, or nothing if the text is anything else or doesn't fit 32 bits.
 K4CMNCORE_EXPORT std::optional<std::int32_t> ParseInteger(std::string_view text);
 
+/// The number without a sign that a field's whole text stands for, as ParseInteger() reads one.
+/// @return the number, pinned to the nearer end of 32 bits, so that no number of digits is a wrong
+/// text; or nothing if the text is anything else.
+K4CMNCORE_EXPORT std::optional<std::uint32_t> ParseUnsigned(std::string_view text);
+
 /// The number that a field's text begins with: blanks, an optional sign and the digits behind it.
 /// @return the number, pinned to the nearer end of 32 bits; 0 without digits.
 K4CMNCORE_EXPORT std::int32_t LeadingNumber(std::string_view text);

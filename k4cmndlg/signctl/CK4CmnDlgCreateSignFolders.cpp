@@ -7,18 +7,16 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPointer>
-#include <QRegularExpressionValidator>
-#include <algorithm>
-#include <limits>
 
 #include "k4cmndlg/filestore/SignLimits.h"
 #include "k4cmndlg/filestore/SignNames.h"
 #include "k4cmndlg/frame/CDataExchange.h"
 #include "k4cmndlg/frame/CSpinButtonCtrl.h"
-#include "k4cmndlg/frame/FieldLooks.h"
 #include "k4cmndlg/frame/FieldNumber.h"
 #include "k4cmndlg/frame/Text.h"
 #include "k4cmndlg/frame/contracts/MessagePresenter.h"
+#include "k4cmndlg/signctl/SizeField.h"
+#include "k4cmndlg/signctl/SizeRules.h"
 #include "ui_CreateSignFolders.h"
 
 using k4cmn::SignFolderForm;
@@ -32,38 +30,13 @@ constexpr std::uint32_t kTemplate = 145;
 
 /// The number in a field, 0 in an empty one, pinned to 32 bits.
 std::uint32_t NumberIn(const QLineEdit* field) {
-    const std::string text = k4cmn::FromQt(field->text());
-    std::string_view rest = text;
-    const std::int64_t number = k4cmn::TakeNumber(rest).value_or(0);
-    constexpr std::int64_t kMost = std::numeric_limits<std::uint32_t>::max();
-    return static_cast<std::uint32_t>(std::clamp<std::int64_t>(number, 0, kMost));
+    return k4cmn::ParseUnsigned(k4cmn::FromQt(field->text())).value_or(0);
 }
 
 void Write(QLineEdit* field, std::uint32_t number) {
     const QString text = QString::number(number);
     if (field->text() != text)
         field->setText(text);
-}
-
-/// Moves a size. A number of any length is one, and is then out of range.
-void ExchangeSize(CDataExchange* pDX, QLineEdit* field, std::uint32_t& size, std::uint32_t least,
-                  std::uint32_t most) {
-    if (!pDX->Ok())
-        return;
-    pDX->PrepareControl(field);
-    if (pDX->Loading()) {
-        Write(field, size);
-        return;
-    }
-    if (field->text().isEmpty()) {
-        std::int32_t none = 0;
-        DDX_Text(pDX, field, none);
-        return;
-    }
-    size = NumberIn(field);
-    constexpr std::uint32_t kPinned = std::numeric_limits<std::int32_t>::max();
-    DDV_MinMaxInt(pDX, static_cast<std::int32_t>(std::min(size, kPinned)),
-                  static_cast<std::int32_t>(least), static_cast<std::int32_t>(most));
 }
 
 }  // namespace
@@ -97,16 +70,9 @@ int CK4CmnDlgCreateSignFolders::Initialize(std::uint32_t rows, std::uint32_t col
 }
 
 void CK4CmnDlgCreateSignFolders::SetUpSpin(CSpinButtonCtrl* spin, QLineEdit* field) {
-    const QRegularExpression digits(QStringLiteral("\\d*"));
-    field->setValidator(new QRegularExpressionValidator(digits, field));
+    k4cmn::SetUpSizeField(field, spin, k4cmn::NextMultipleWord);
     field->installEventFilter(this);
-    k4cmn::FitToText(field, QStringLiteral("0000000000"));
     connect(field, &QLineEdit::textChanged, this, &CK4CmnDlgCreateSignFolders::ShowCurrentFolder);
-    spin->SetBuddy(field);
-    connect(spin, &CSpinButtonCtrl::DeltaPos, this, [spin](int position, int step, bool* cancel) {
-        spin->SetPos(static_cast<std::int16_t>(SignFolderForm::SpinPosition(position, step)));
-        *cancel = true;
-    });
 }
 
 int CK4CmnDlgCreateSignFolders::OnInitDialog() {
@@ -115,10 +81,9 @@ int CK4CmnDlgCreateSignFolders::OnInitDialog() {
     CK4CmnDlgBase::OnInitDialog();
     FillServers();
     m_ui->rowSpin->SetRange(k4cmn::kMinSignRows, k4cmn::kMaxSignRows);
-    m_ui->rowSpin->SetAccel({k4cmn::kFolderRowSpeeds.begin(), k4cmn::kFolderRowSpeeds.end()});
+    m_ui->rowSpin->SetAccel({k4cmn::kSignRowSpeeds.begin(), k4cmn::kSignRowSpeeds.end()});
     m_ui->columnSpin->SetRange(k4cmn::kMinSignColumns, k4cmn::kMaxSignColumns);
-    m_ui->columnSpin->SetAccel(
-        {k4cmn::kFolderColumnSpeeds.begin(), k4cmn::kFolderColumnSpeeds.end()});
+    m_ui->columnSpin->SetAccel({k4cmn::kSignColumnSpeeds.begin(), k4cmn::kSignColumnSpeeds.end()});
     EnableControls();
     UpdateData(false);
     m_isReady = true;
@@ -156,15 +121,11 @@ void CK4CmnDlgCreateSignFolders::EnableControls() {
 
 void CK4CmnDlgCreateSignFolders::DoDataExchange(CDataExchange* pDX) {
     CK4CmnDlgBase::DoDataExchange(pDX);
-    ExchangeSize(pDX, m_ui->rows, m_form.rows, k4cmn::kMinSignRows, k4cmn::kMaxSignRows);
-    // The window may have gone with the message.
-    if (!pDX->Ok())
+    if (!k4cmn::ExchangeSignSize(pDX, m_ui->rows, m_form.rows, m_ui->columns, m_form.columns))
         return;
-    ExchangeSize(pDX, m_ui->columns, m_form.columns, k4cmn::kMinSignColumns,
-                 k4cmn::kMaxSignColumns);
     if (pDX->Saving()) {
         CheckSize(pDX);
-    } else if (pDX->Loading()) {
+    } else {
         m_ui->color->setCurrentIndex(m_form.colorIndex);
         m_ui->pixel->setCurrentIndex(m_form.pixelIndex);
         m_ui->palette->setChecked(m_form.IsPalette());

@@ -4,6 +4,7 @@
 
 #include "k4cmndlg/filestore/SignNames.h"
 #include "k4cmndlg/filestore/contracts/CK4Files.h"
+#include "k4cmndlg/signctl/SizeRules.h"
 
 namespace k4cmn {
 
@@ -49,13 +50,6 @@ int PixelIndexFor(int colorIndex, int pixelIndex) {
         default:
             return pixelIndex;
     }
-}
-
-/// The nearest multiple of a power of two, half of it going up.
-std::uint32_t Rounded(std::uint32_t number, std::uint32_t multiple, std::uint32_t most) {
-    const std::uint64_t rounded =
-        (std::uint64_t{number} + multiple / 2) / multiple * std::uint64_t{multiple};
-    return static_cast<std::uint32_t>(std::min(rounded, std::uint64_t{most}));
 }
 
 }  // namespace
@@ -115,19 +109,11 @@ std::optional<std::string> SignFolderForm::SizeProblem() const {
 }
 
 std::uint32_t SignFolderForm::RowsWhenLeft(std::uint32_t typed) {
-    return typed == 7 ? typed : Rounded(typed, 8, kMaxSignRows);
+    return std::min(RoundedSignRows(typed), kMaxSignRows);
 }
 
 std::uint32_t SignFolderForm::ColumnsWhenLeft(std::uint32_t typed) {
-    return Rounded(typed, 16, kMaxSignColumns);
-}
-
-int SignFolderForm::SpinPosition(int position, int step) {
-    if (step == 0)
-        return position & 0xFFFF;
-    const std::int64_t wide = position;
-    const std::int64_t target = step > 0 ? (wide + step) / step * step : (wide - 1) / step * step;
-    return static_cast<int>(target & 0xFFFF);
+    return std::min(RoundedSignColumns(typed), kMaxSignColumns);
 }
 
 }  // namespace k4cmn

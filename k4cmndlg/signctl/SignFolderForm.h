@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -8,7 +7,6 @@
 #include "k4cmndlg/filestore/SignLimits.h"
 #include "k4cmndlg/filestore/SignTypes.h"
 #include "k4cmndlg/frame/Prompt.h"
-#include "k4cmndlg/frame/SpinSteps.h"
 #include "k4cmndlg/k4cmncore_export.h"
 
 namespace k4cmn {
@@ -66,19 +64,11 @@ class K4CMNCORE_EXPORT SignFolderForm {
     static std::uint32_t ColumnsWhenLeft(std::uint32_t typed);
     /// @}
 
-    /// Where a click on a spin leads: always to a multiple of the step.
-    /// @param step signed. @return the low 16 bits of the new position.
-    static int SpinPosition(int position, int step);
-
  private:
     bool m_isInitialized = false;
     bool m_isFixed = false;
     bool m_isPalette = false;
     tag_K4_PIXEL_TECH m_lastValidPixel = K4_PIXEL_TECH_INCAND;
 };
-
-/// The speeds of the two spins.
-inline constexpr std::array<SpinAccel, 3> kFolderRowSpeeds{{{0, 8}, {2, 64}, {4, 128}}};
-inline constexpr std::array<SpinAccel, 3> kFolderColumnSpeeds{{{0, 16}, {2, 128}, {4, 256}}};
 
 }  // namespace k4cmn

@@ -1,15 +1,21 @@
 #include "suite/access/FolderAccess.h"
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <limits.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <memory>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 
+#include "k4cmndlg/filestore/Characters.h"
 #include "suite/platform/Descriptor.h"
 #include "suite/platform/FileSystem.h"
+#include "suite/settings/NameText.h"
 #include "suite/store/NativePath.h"
 #include "suite/store/StorePath.h"
 
@@ -28,6 +34,49 @@ bool IsOneEntry(const std::string& name) {
     return !name.empty() && name != "." && name != ".." &&
            name.find_first_of(std::string_view("/\\\0", 3)) == std::string::npos;
 }
+
+/// Whether a path can have a name at its end, as NativePath() sees it.
+bool HasRoomFor(const std::string& name, const std::string& folder) {
+    return name.size() <= NAME_MAX && folder.size() + 1 + name.size() < PATH_MAX;
+}
+
+std::optional<k4cmn::FileStatus> StatusAt(int folder, const std::string& name) {
+    struct stat told;
+    if (fstatat(folder, name.c_str(), &told, 0) != 0)
+        return std::nullopt;
+    return Told(told);
+}
+
+bool IsThere(int folder, const std::string& name) {
+    struct stat told;
+    return fstatat(folder, name.c_str(), &told, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
+/// The entries of a folder by their names without case, as NativePath() finds them: of several
+/// that differ in case alone, the first one in byte order.
+class NamesWithoutCase {
+ public:
+    explicit NamesWithoutCase(const std::string& folder) {
+        const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
+        while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
+            const std::string name = entry->d_name;
+            if (!IsUtf8(name))
+                continue;
+            const auto [known, isNew] = m_names.emplace(k4cmn::WithoutCase(name), name);
+            if (!isNew && name < known->second)
+                known->second = name;
+        }
+    }
+
+    /// @return null if there is none.
+    const std::string* Find(const std::string& name) const {
+        const auto found = m_names.find(k4cmn::WithoutCase(name));
+        return found == m_names.end() ? nullptr : &found->second;
+    }
+
+ private:
+    std::unordered_map<std::string, std::string> m_names;
+};
 
 std::string LastComponent(const std::string& path) {
     const std::vector<std::string_view> components = StoreComponents(path);
@@ -72,10 +121,17 @@ std::vector<std::optional<k4cmn::FileStatus>> FolderAccess::StatusIn(
     const Descriptor entries(open(native.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (!entries)
         return all;
+    std::optional<NamesWithoutCase> others;
     for (std::size_t i = 0; i < names.size(); ++i) {
-        struct stat told;
-        if (IsOneEntry(names[i]) && fstatat(entries.Get(), names[i].c_str(), &told, 0) == 0)
-            all[i] = Told(told);
+        if (!IsOneEntry(names[i]) || !HasRoomFor(names[i], native))
+            continue;
+        // A link that leads nowhere is the entry of its name all the same.
+        if ((all[i] = StatusAt(entries.Get(), names[i])) || IsThere(entries.Get(), names[i]))
+            continue;
+        if (!others)
+            others.emplace(native);
+        if (const std::string* other = others->Find(names[i]))
+            all[i] = StatusAt(entries.Get(), *other);
     }
     return all;
 }

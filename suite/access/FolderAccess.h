@@ -22,8 +22,8 @@ class FolderAccess final : public k4cmn::StoreAccess {
 
     int GetStatus(const std::string& path, k4cmn::FileStatus* status) override;
     std::string IdentityOf(const std::string& path) override;
-    /// A name is one entry of the folder, in exact case: "..", and one with a separator or a zero
-    /// in it, is none.
+    /// A name is one entry of the folder: "..", and one with a separator or a zero in it, is none.
+    /// The entries are listed only where a name isn't there in exact case, and once.
     std::vector<std::optional<k4cmn::FileStatus>> StatusIn(
         const std::string& folder, const std::vector<std::string>& names) override;
     int MakeFolder(const std::string& path) override;

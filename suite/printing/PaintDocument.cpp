@@ -32,12 +32,9 @@ class PagePainter {
         : m_device(device),
           m_unit(std::min(device.width(), device.height()) /
                  static_cast<double>(k4cmn::PrintSurface::kPageUnits)),
-          m_font(FontOf(face)) {
-        const QFontMetricsF cell(m_font, &device);
-        const double size = k4cmn::kPrintFontHeight * m_unit * kMeasured / cell.height();
-        m_isFixed = QFontInfo(m_font).fixedPitch();
-        m_font.setPixelSize(std::max(1, qRound(size)));
-    }
+          m_fixed(FontOf(face, Height::OfCell)),
+          m_serif(FontOf(PrintSerifFace(), Height::OfLetters)),
+          m_isFixed(QFontInfo(m_fixed).fixedPitch()) {}
 
     bool Paint(const PrintedDocument& document) {
         QPainter painter;
@@ -59,26 +56,35 @@ class PagePainter {
     /// Texts begin at their points, whatever the program's language, and stand on their baselines.
     static void SetPrintAlign(QPainter& painter) { painter.setLayoutDirection(Qt::LeftToRight); }
 
-    static QFont FontOf(const QString& face) {
+    /// What of a font is as high as it is to be: its cell, or its letters without what the face
+    /// adds above them.
+    enum class Height { OfCell, OfLetters };
+
+    QFont FontOf(const QString& face, Height height) const {
         QFont font(face);
         font.setStyleHint(QFont::Serif);
-        font.setFixedPitch(true);
+        font.setFixedPitch(height == Height::OfCell);
         font.setWeight(static_cast<QFont::Weight>(k4cmn::kPrintFontWeight));
         font.setHintingPreference(QFont::PreferNoHinting);
         font.setKerning(false);
         font.setPixelSize(kMeasured);
+        const double measured =
+            height == Height::OfCell ? QFontMetricsF(font, &m_device).height() : kMeasured;
+        const double size = k4cmn::kPrintFontHeight * m_unit * kMeasured / measured;
+        font.setPixelSize(std::max(1, qRound(size)));
         return font;
     }
 
     void PaintText(QPainter& painter, const PrintedText& text) const {
-        QFont font = m_font;
+        const bool isSerif = text.font == k4cmn::PrintFont::Serif;
+        QFont font = isSerif ? m_serif : m_fixed;
         font.setUnderline(text.font == k4cmn::PrintFont::Underlined);
         painter.setFont(font);
         QPointF foot(text.x * m_unit, text.y * m_unit);
         if (text.foot == TextFoot::Bottom)
             foot.ry() -= QFontMetricsF(font, &m_device).descent();
         const QString line = OneLine(text.text);
-        if (m_isFixed)
+        if (isSerif || m_isFixed)
             painter.drawText(foot, line);
         else
             PaintInCells(painter, foot, line);
@@ -89,15 +95,16 @@ class PagePainter {
         qsizetype from = 0;
         for (qsizetype to = characters.toNextBoundary(); to > 0; to = characters.toNextBoundary()) {
             painter.drawText(foot, line.mid(from, to - from));
-            foot.rx() += kCellWidth * m_font.pixelSize();
+            foot.rx() += kCellWidth * m_fixed.pixelSize();
             from = to;
         }
     }
 
     QPagedPaintDevice& m_device;
     double m_unit;  ///< in pixels of the device
-    QFont m_font;
-    bool m_isFixed = false;
+    const QFont m_fixed;
+    const QFont m_serif;
+    const bool m_isFixed;  ///< whether that is so of the face of m_fixed
 };
 
 }  // namespace

@@ -10,4 +10,10 @@ namespace k4suite {
 /// Needs a QGuiApplication. @return empty where the machine has no such face.
 QString PrintFace();
 
+/// The face that stands for k4cmn::kPrintSerifFace on this machine: that one, else one of the same
+/// metrics, else another roman one.
+/// Needs a QGuiApplication. @return empty where the machine has none of these; the toolkit then
+/// takes the face that it has.
+QString PrintSerifFace();
+
 }  // namespace k4suite

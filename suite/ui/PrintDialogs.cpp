@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <utility>
 
+#include "k4cmndlg/frame/PlainPointer.h"
 #include "k4cmndlg/frame/Text.h"
 #include "k4cmndlg/frame/contracts/MessagePresenter.h"
 #include "suite/printing/PdfSurface.h"
@@ -46,6 +47,7 @@ std::unique_ptr<k4cmn::PrintSurface> PrintDialogs::Choose(QWidget* parent) {
     std::unique_ptr<DocumentSurface> surface =
         isFile ? PdfOf(*printer) : std::make_unique<PrinterSurface>(std::move(printer));
     surface->WhenItFails([window, target](const std::string& problem) {
+        const k4cmn::PlainPointer pointer;
         k4cmn::WindowPrompt(window).Ask(
             k4cmn::PlainMessage("ERROR: Could not print to " + target + "\n" + problem));
     });

@@ -34,6 +34,17 @@ TEST(FirstCharacters, CutsBetweenCharacters) {
     EXPECT_EQ(FirstCharacters("a\x80\x80", 2), "a\x80");
 }
 
+TEST(WithoutLastCharacters, CutsAsManyAsThereAre) {
+    EXPECT_EQ(WithoutLastCharacters("abc", 0), "abc");
+    EXPECT_EQ(WithoutLastCharacters("abc", 2), "a");
+    EXPECT_EQ(WithoutLastCharacters("abc", 3), "");
+    EXPECT_EQ(WithoutLastCharacters("abc", 4), "");
+    EXPECT_EQ(WithoutLastCharacters("", 1), "");
+    EXPECT_EQ(WithoutLastCharacters("a\u20ac\U0001F600", 1), "a\u20ac");
+    EXPECT_EQ(WithoutLastCharacters("\u017fign", 4), "");
+    EXPECT_EQ(WithoutLastCharacters("a\x80\x80", 1), "a\x80");
+}
+
 TEST(Case, CountsForNothing) {
     EXPECT_EQ(WithoutCase("A:\\Goal \u00c9.SQ4"), "a:\\goal \u00e9.sq4");
     EXPECT_TRUE(IsSameWithoutCase("", ""));

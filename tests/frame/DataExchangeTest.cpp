@@ -71,6 +71,53 @@ TEST_F(DataExchange, IntegerGoesBothWays) {
     EXPECT_EQ(value, 255);
 }
 
+TEST_F(DataExchange, NumberWithoutASignGoesBothWays) {
+    std::uint32_t value = 4294967295U;
+    const auto move = [&](CDataExchange* pDX) { DDX_Text(pDX, &m_edit, value); };
+    EXPECT_TRUE(Load(move));
+    EXPECT_EQ(m_edit.text(), QStringLiteral("4294967295"));
+    m_edit.setText(QStringLiteral("99999999999999999999"));
+    value = 5;
+    EXPECT_TRUE(Save(move));
+    EXPECT_EQ(value, 4294967295U);
+    for (const char* text : {"", "x", "7px"}) {
+        MessageQueue messages;
+        messages.Expect("Enter an integer.");
+        m_edit.setText(QString::fromUtf8(text));
+        EXPECT_FALSE(Save(move)) << text;
+        EXPECT_EQ(value, 4294967295U) << text;
+    }
+}
+
+TEST_F(DataExchange, NumberWithoutASignIsCheckedAgainstItsRange) {
+    for (const std::uint32_t value : {7U, 2048U})
+        EXPECT_TRUE(Save([&](CDataExchange* pDX) { DDV_MinMaxUInt(pDX, value, 7, 2048); }));
+    for (const std::uint32_t value : {0U, 6U, 2049U, 4294967295U}) {
+        MessageQueue messages;
+        messages.Expect("Enter an integer between 7 and 2048.");
+        EXPECT_FALSE(Save([&](CDataExchange* pDX) { DDV_MinMaxUInt(pDX, value, 7, 2048); }));
+        EXPECT_TRUE(Load([&](CDataExchange* pDX) { DDV_MinMaxUInt(pDX, value, 7, 2048); }));
+    }
+}
+
+TEST_F(DataExchange, AnEntrysIndexGoesBothWaysInSilence) {
+    QComboBox combo(&m_dialog);
+    combo.addItems({QStringLiteral("a"), QStringLiteral("b")});
+    const QSignalSpy changes(&combo, &QComboBox::currentIndexChanged);
+    int index = 1;
+    const auto move = [&](CDataExchange* pDX) { DDX_CBIndex(pDX, &combo, index); };
+    EXPECT_TRUE(Load(move));
+    EXPECT_EQ(combo.currentIndex(), 1);
+    for (const int none : {-1, 2, 1000}) {
+        index = none;
+        EXPECT_TRUE(Load(move));
+        EXPECT_EQ(combo.currentIndex(), -1) << none;
+        EXPECT_TRUE(Save(move));
+        EXPECT_EQ(index, -1);
+    }
+    EXPECT_TRUE(changes.isEmpty());
+}
+
 TEST_F(DataExchange, TextThatIsNoIntegerIsRefused) {
     for (const char* text : {"", "x", "1.5", "12px", "-", "2147483648"}) {
         MessageQueue messages;

@@ -64,3 +64,21 @@ TEST(FieldNumber, HundredThousandDigitsAreReadWithoutHarm) {
     EXPECT_EQ(LeadingNumber(std::string(100'000, '9')), INT_MAX);
     EXPECT_EQ(ParseInteger(std::string(100'000, '0')), 0);
 }
+
+TEST(FieldNumber, WithoutASignIsPinnedToItsEnds) {
+    const std::pair<const char*, std::optional<std::uint32_t>> rows[] = {
+        {"0", 0u},
+        {"42", 42u},
+        {"0007", 7u},
+        {" 12\t", 12u},
+        {"4294967295", ~0u},
+        {"4294967296", ~0u},
+        {"-8", 0u},
+        {"+8", 8u},
+        {"99999999999999999999", ~0u},
+        {"", std::nullopt},
+        {"12px", std::nullopt},
+        {"-", std::nullopt}};
+    for (const auto& [text, number] : rows)
+        EXPECT_EQ(k4cmn::ParseUnsigned(text), number) << text;
+}

@@ -175,3 +175,28 @@ TEST(PropertySheetMargin, StaysWhenTheWindowIsResized) {
     EXPECT_EQ(sheet.width() - TabsOf(sheet).right(), right);
     EXPECT_EQ(sheet.height() - TabsOf(sheet).bottom(), below);
 }
+
+TEST(PropertySheetPages, MayKeepTheirHeightSoThatTheRoomBelowThemGrows) {
+    SheetProbe sheet;
+    sheet.Create();
+    sheet.show();
+    const auto resizeBy = [&](int change) {
+        sheet.resize(sheet.width(), sheet.height() + change);
+        QCoreApplication::sendPostedEvents();
+    };
+    const QRect before = sheet.PagesPlace();
+    EXPECT_EQ(before, TabsOf(sheet));
+    sheet.KeepPagesHeight(true);
+    sheet.SetMargin(0, 150);
+    EXPECT_EQ(sheet.PagesPlace(), before);
+    resizeBy(80);
+    EXPECT_EQ(sheet.PagesPlace(), before);
+    resizeBy(-80);
+    EXPECT_EQ(sheet.PagesPlace(), before);
+    sheet.KeepPagesHeight(false);
+    resizeBy(80);
+    EXPECT_EQ(sheet.PagesPlace().height(), before.height() + 80);
+    sheet.KeepPagesHeight(true);
+    resizeBy(40);
+    EXPECT_EQ(sheet.PagesPlace().height(), before.height() + 80);
+}

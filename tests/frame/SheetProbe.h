@@ -88,6 +88,8 @@ class SheetProbe : public CPropertySheet {
     using CPropertySheet::ButtonRow;
     using CPropertySheet::Close;
     using CPropertySheet::HideStandardButtons;
+    using CPropertySheet::KeepPagesHeight;
+    using CPropertySheet::PagesPlace;
     using CPropertySheet::SetMargin;
 
     std::vector<std::string> events;

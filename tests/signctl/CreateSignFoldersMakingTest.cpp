@@ -256,11 +256,20 @@ TEST_F(CreateSignFoldersWithParent, AreMadeToTheLastOneIfTheWindowGoesMeanwhile)
 }
 
 TEST_F(CreateSignFoldersWithParent, AreNotMadeIfTheWindowGoesWhileASizeIsRefused) {
-    const auto typeAndPress = [](CDialog& owned) {
-        Item<QLineEdit>(owned, kRows)->setText(QStringLiteral("3"));
-        Click(owned, kOk);
-    };
-    RunUntilParentGoes(typeAndPress, "Enter an integer between 7 and 2048.");
+    const std::pair<int, const char*> fields[] = {
+        {kRows, "Enter an integer between 7 and 2048."},
+        {kColumns, "Enter an integer between 16 and 16384."}};
+    for (const auto& [field, range] : fields) {
+        const std::pair<QString, const char*> texts[] = {{QString(), "Enter an integer."},
+                                                         {QStringLiteral("5"), range}};
+        for (const auto& [text, words] : texts) {
+            const auto typeAndPress = [field = field, &text = text](CDialog& owned) {
+                TypeOver(owned, field, text);
+                PressKey(owned, Qt::Key_Return);
+            };
+            EXPECT_EQ(RunUntilParentGoes(typeAndPress, words), IDCANCEL) << words;
+        }
+    }
 }
 
 /// Settings of one server, whose text isn't UTF-8.

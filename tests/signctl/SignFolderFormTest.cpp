@@ -170,35 +170,6 @@ TEST(SignFolderColumns, AreRoundedWhenTheFieldIsLeft) {
         EXPECT_EQ(SignFolderForm::ColumnsWhenLeft(typed), becomes) << typed;
 }
 
-struct SpinCase {
-    int position;
-    int step;
-    int becomes;
-};
-
-class SignFolderSpin : public testing::TestWithParam<SpinCase> {};
-
-TEST_P(SignFolderSpin, LandsOnAMultipleOfItsStep) {
-    EXPECT_EQ(SignFolderForm::SpinPosition(GetParam().position, GetParam().step),
-              GetParam().becomes);
-}
-
-INSTANTIATE_TEST_SUITE_P(Clicks, SignFolderSpin,
-                         testing::Values(SpinCase{7, 8, 8}, SpinCase{16, -8, 8}, SpinCase{8, 8, 16},
-                                         SpinCase{15, -8, 8}, SpinCase{17, -8, 16},
-                                         SpinCase{8, -8, 0}, SpinCase{7, -8, 0},
-                                         SpinCase{100, 64, 128}, SpinCase{100, -64, 64},
-                                         SpinCase{16, 16, 32}, SpinCase{2048, 128, 2176},
-                                         SpinCase{0, -8, 0}, SpinCase{65535, 8, 0},
-                                         SpinCase{5, 0, 5}, SpinCase{INT_MAX, INT_MAX, 0xFFFE}));
-
-TEST(SignFolderSpins, HaveTheirSpeeds) {
-    EXPECT_EQ(k4cmn::kFolderRowSpeeds,
-              (std::array<k4cmn::SpinAccel, 3>{{{0, 8}, {2, 64}, {4, 128}}}));
-    EXPECT_EQ(k4cmn::kFolderColumnSpeeds,
-              (std::array<k4cmn::SpinAccel, 3>{{{0, 16}, {2, 128}, {4, 256}}}));
-}
-
 struct SizeCase {
     std::uint32_t rows;
     std::uint32_t columns;

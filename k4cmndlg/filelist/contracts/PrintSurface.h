@@ -4,9 +4,15 @@
 
 namespace k4cmn {
 
-/// The two fonts of a printed page: "Courier New", 16 units high, of weight 200, roman family.
-enum class PrintFont { Plain, Underlined };
+/// The fonts of a printed page, of weight 200, roman family. kPrintFontHeight is the height of the
+/// whole cell of the first two, and the size of the third one, whose cell is somewhat higher.
+enum class PrintFont {
+    Plain,       ///< kPrintFontFace
+    Underlined,  ///< the same with a line below
+    Serif,       ///< kPrintSerifFace, whose characters have widths of their own
+};
 inline constexpr char kPrintFontFace[] = "Courier New";
+inline constexpr char kPrintSerifFace[] = "Times New Roman";
 inline constexpr int kPrintFontHeight = 16;
 inline constexpr int kPrintFontWeight = 200;
 

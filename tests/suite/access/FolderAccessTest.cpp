@@ -2,8 +2,10 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <limits.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 
@@ -93,6 +95,68 @@ TEST_F(Access, StatusOfManyStaysInTheFolder) {
     for (const auto& status : access.StatusIn("A:\\none", {"a", "b"}))
         EXPECT_FALSE(status);
     EXPECT_TRUE(access.StatusIn("", {}).empty());
+}
+
+TEST_F(Access, StatusOfManyFindsNamesInAnyCaseAsOneAloneIsFound) {
+    home.Write("drives/A/GR\u00dcN.SQ4", "1");
+    home.Write("drives/A/Two.sq4", "22");
+    home.Write("drives/A/TWO.SQ4", "333");
+    home.Write("drives/A/exact", "4444");
+    home.Write("drives/A/EXACT", "55555");
+    home.Write("drives/A/\xFF.SQ4", "666666");
+    home.Write("drives/A/LINK.SQ4", "7777777");
+    fs::create_symlink("nowhere", home / "drives/A/link.SQ4");
+    std::string wide;  // its short twin is as long as a name may be
+    for (int i = 0; i < NAME_MAX; ++i)
+        wide += "\u212a";
+    home.Write("drives/A/" + std::string(NAME_MAX, 'k'), "88888888");
+    const std::vector<std::string> names{"gr\u00fcn.sq4", "two.SQ4",  "exact",
+                                         "Exact",         "\xFF.sq4", "none",
+                                         "link.SQ4",      "Link.sq4", wide};
+    const auto all = access.StatusIn("A:", names);
+    ASSERT_EQ(all.size(), names.size());
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        FileStatus alone;
+        const bool isThere = access.GetStatus("A:\\" + names[i], &alone);
+        ASSERT_EQ(all[i].has_value(), isThere) << names[i];
+        EXPECT_EQ(all[i].value_or(FileStatus{}), alone) << names[i];
+    }
+    EXPECT_EQ(all[0]->size, 1u);
+    EXPECT_EQ(all[1]->size, 3u) << "the first one in byte order";
+    EXPECT_EQ(all[2]->size, 4u);
+    EXPECT_EQ(all[3]->size, 5u);
+    EXPECT_FALSE(all[6]) << "the link itself, which leads nowhere";
+    EXPECT_EQ(all[7]->size, 7u);
+}
+
+TEST_F(Access, StatusOfManyEndsWherePathsEnd) {
+    std::string folder = "A:";
+    fs::path native = home / "drives/A";
+    constexpr std::size_t kNearly = PATH_MAX - 20;
+    while (native.native().size() + 1 < kNearly) {
+        const std::string name(
+            std::min<std::size_t>(NAME_MAX, kNearly - native.native().size() - 1), 'f');
+        native /= name;
+        folder += "\\" + name;
+    }
+    fs::create_directories(native);
+    const std::size_t room = PATH_MAX - native.native().size() - 2;
+    const int entries = open(native.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    ASSERT_GE(entries, 0);
+    std::vector<std::string> names;
+    for (const std::size_t length : {std::size_t{1}, room, room + 1, std::size_t{NAME_MAX}})
+        names.emplace_back(length, 'n');
+    for (const std::string& name : names)
+        close(openat(entries, name.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0666));
+    const auto all = access.StatusIn(folder, names);
+    for (std::size_t i = 0; i < names.size(); ++i)
+        EXPECT_EQ(all[i].has_value(), access.GetStatus(folder + "\\" + names[i], nullptr) != 0)
+            << names[i].size();
+    EXPECT_TRUE(all[1]);
+    EXPECT_FALSE(all[2]);
+    for (const std::string& name : names)
+        EXPECT_EQ(unlinkat(entries, name.c_str(), 0), 0);
+    close(entries);
 }
 
 TEST_F(Access, MakesOneFolder) {

@@ -224,6 +224,23 @@ TEST_P(PdfPlaces, TheUnderlinedFontHasALineBelowTheText) {
     EXPECT_LT(underlined.bottom, 204);
 }
 
+TEST_P(PdfPlaces, TheSerifFontHasASizeAndWidthsOfItsOwn) {
+    const auto draw = [&](const std::string& text) {
+        return Drawn((folder / "a.pdf").string(), Layout(), [&](k4cmn::PrintSurface& surface) {
+            surface.DrawTextAtBottom({100, 184, 110, 200}, text, PrintFont::Serif);
+        });
+    };
+    const Ink low = draw("gjpqyWWWW");
+    EXPECT_LE(low.bottom, 200);
+    EXPECT_GT(low.bottom, 196);
+    EXPECT_GE(low.top, 184);
+    EXPECT_NEAR(low.left, 100, kAcross);
+    EXPECT_GT(low.right, 150) << "not cut at the rectangle's edge";
+    EXPECT_LT(draw("iiiiiiii").right, draw("mmmmmmmm").right - 30);
+    constexpr double kWidthOfM = 0.7778;  // of the size
+    EXPECT_NEAR(draw(std::string(40, 'm')).right, 100 + 40 * kWidthOfM * 16, kAcross);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Pages, PdfPlaces,
     testing::Values(LayoutRow{"A4Upright", QPageSize::A4, QPageLayout::Portrait},

@@ -24,6 +24,13 @@ TEST(PrintFace, CharactersAreAllAsWideAsEachOther) {
         << "the face that the package list has for it";
 }
 
+TEST(PrintFace, OfTheSerifFontIsARomanOne) {
+    const QString face = k4suite::PrintSerifFace();
+    EXPECT_FALSE(QFontDatabase::isFixedPitch(face)) << face.toStdString();
+    EXPECT_EQ(face, QStringLiteral("Liberation Serif"))
+        << "the face that the package list has for it";
+}
+
 /// The columns of a page that have ink between two heights, in dots.
 std::vector<int> InkedColumns(const QImage& page, int top, int bottom) {
     std::vector<int> columns;

@@ -10,6 +10,7 @@
 #include <QTest>
 #include <filesystem>
 
+#include "k4cmndlg/frame/WaitCursor.h"
 #include "tests/suite/printing/PdfReader.h"
 #include "tests/suite/ui/ModalScript.h"
 #include "tests/support/MessageQueue.h"
@@ -149,6 +150,20 @@ TEST_F(PrintDialogBox, AFailureIsToldWithItsReason) {
     messages.Expect("ERROR: Could not print to " + path + "\nIs a directory");
     surface->EndDocument();
     EXPECT_EQ(messages.Pending(), 0u);
+}
+
+TEST_F(PrintDialogBox, AFailureIsToldUnderAPlainPointer) {
+    const std::unique_ptr<k4cmn::PrintSurface> surface = ChoosePdf();
+    ASSERT_NE(surface, nullptr);
+    fs::create_directory(path);
+    Draw(*surface, {"one"});
+    messages.Expect(k4cmn::PlainMessage("ERROR: Could not print to " + path + "\nIs a directory"),
+                    k4cmn::MessageAnswer::Ok,
+                    [] { EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::ArrowCursor); });
+    const k4cmn::WaitCursor wait;
+    surface->EndDocument();
+    EXPECT_EQ(messages.Pending(), 0u);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
 }
 
 }  // namespace
