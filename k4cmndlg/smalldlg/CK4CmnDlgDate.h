@@ -1,11 +1,23 @@
 #pragma once
 
+#include <memory>
+
 #include "k4cmndlg/frame/CDialog.h"
 #include "k4cmndlg/k4cmndlg_export.h"
 
 class K4CalendarCtrl;
+class QKeyEvent;
+
+namespace Ui {
+class DateDialog;
+}
 
 /// The dialog "Select Date": a calendar in a small window on top of all others.
+///
+/// A double click on the calendar acts as OK. With the Ctrl key down it shows what the calendar
+/// control is instead. F1 and the question mark tool, which Shift+F1 takes up too, ask the help
+/// system for the popup of the control's help id (GetWindowContextHelpId) as it stands, without the
+/// offset of the library's other dialogs; what is no control has no help here.
 ///
 /// Use: set date and place, run DoModal(), and read the date after IDOK. Where there is no calendar
 /// control DoModal() returns -1, and the caller tells of that by ShowFailure().
@@ -19,7 +31,8 @@ class K4CMNDLG_EXPORT CK4CmnDlgDate final : public CDialog {
     explicit CK4CmnDlgDate(QWidget* parent);
     ~CK4CmnDlgDate() override;
 
-    /// Makes the dialog modeless, without a parent. @return 1, or 0 if it can't be made.
+    /// Makes the dialog modeless, without a parent: from now on only its owner deletes it. It isn't
+    /// shown yet. @return 1, or 0 if there is no calendar control, or a window already.
     int Create();
 
     /// Where the window opens, in screen coordinates; above 2000 counts as 0.
@@ -42,9 +55,17 @@ class K4CMNDLG_EXPORT CK4CmnDlgDate final : public CDialog {
     int OnCreate() override;
     int OnInitDialog() override;
     void OnOK() override;
+    bool event(QEvent* event) override;
 
  private:
-    K4CalendarCtrl* m_calendar = nullptr;
+    void OnDblClick();
+    bool OnHelpRequest(QEvent& event);
+    bool OnHelpKey(const QKeyEvent& key);
+    QWidget* ControlAround(QWidget* part) const;
+    static bool AskHelp(QWidget* control);
+
+    std::unique_ptr<Ui::DateDialog> m_ui;
+    K4CalendarCtrl* m_calendar = nullptr;  ///< null until the window has been created
     int m_day = 0;
     int m_month = 0;
     int m_year = 0;
