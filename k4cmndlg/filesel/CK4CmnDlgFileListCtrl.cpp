@@ -4,10 +4,10 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 
+#include "k4cmndlg/filelist/FileNamesView.h"
 #include "k4cmndlg/filelist/FileReportView.h"
 #include "k4cmndlg/filelist/LabelDelegate.h"
 #include "k4cmndlg/filelist/RowSelection.h"
-#include "k4cmndlg/filesel/FileNamesView.h"
 #include "k4cmndlg/filesel/FolderListModel.h"
 #include "k4cmndlg/frame/Text.h"
 

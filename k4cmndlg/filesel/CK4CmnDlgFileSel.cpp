@@ -8,6 +8,7 @@
 #include "k4cmndlg/filesel/FileSelParts.h"
 #include "k4cmndlg/frame/Text.h"
 #include "k4cmndlg/frame/WindowMessages.h"
+#include "k4cmndlg/search/CK4CmnDlgFind.h"
 #include "ui_FileSelection.h"
 
 using k4cmn::FileImages;
@@ -73,6 +74,7 @@ void CK4CmnDlgFileSel::SetUpControls() {
     OnViewChosen(true);
     connect(ui.signFilter, &QToolButton::clicked, this, &CK4CmnDlgFileSel::OnFileselRadioSign);
     connect(ui.properties, &QToolButton::clicked, this, &CK4CmnDlgFileSel::OnFileselRadioPreview);
+    connect(ui.search, &QPushButton::clicked, this, &CK4CmnDlgFileSel::OnFileselSearch);
 }
 
 void CK4CmnDlgFileSel::SetUpTreeAndList() {
@@ -251,6 +253,27 @@ void CK4CmnDlgFileSel::OnRenamed(std::size_t row, const QString& text) {
 
 void CK4CmnDlgFileSel::OnFileselRadioSign() {
     m_parts->selector.ToggleSignFilter();
+}
+
+void CK4CmnDlgFileSel::OnFileselSearch() {
+    const std::shared_ptr<FileSelParts> parts = m_parts;
+    const QPointer<CK4CmnDlgFileSel> self(this);
+    // Not on the stack: a window that goes takes its dialogs along.
+    const QPointer<CK4CmnDlgFind> search = new CK4CmnDlgFind("Find Files", this);
+    search->SetSearchPath(k4cmn::FromQt(parts->ui->path->text()));
+    search->SetFileType(parts->selector.SearchType());
+    const bool isFound = search->DoModal() == IDOK && search;
+    k4cmn::FoundFile found;
+    if (isFound)
+        found = {search->GetServer(), search->GetSignType(), search->GetLibrary(),
+                 search->GetFileSel(), static_cast<tag_K4_FILE_TYPE>(search->GetFileType())};
+    delete search.data();
+    // A window that has ended meanwhile takes nothing any more.
+    if (!self || !isVisible())
+        return;
+    const SelectorEnd end = parts->selector.AfterSearch(isFound ? &found : nullptr, parts->prompt);
+    if (self)
+        End(end);
 }
 
 void CK4CmnDlgFileSel::OnSortColumn(int column) {

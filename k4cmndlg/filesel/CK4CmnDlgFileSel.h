@@ -32,6 +32,9 @@ struct FileSelParts;
 ///     F2, Delete                rename, delete (list)       Alt+Return       properties
 ///     Backspace, Alt+Up         up one level                Menu, Shift+F10  the context menu
 ///
+/// "Advanced File Search" opens CK4CmnDlgFind, which looks for a file in the whole store; the one
+/// that was found is taken at once.
+///
 /// The properties sheet stands beside the dialog and follows the list. When the dialog ends, the
 /// sheet is closed as by its own OK.
 ///
@@ -116,6 +119,7 @@ class K4CMNDLG_EXPORT CK4CmnDlgFileSel final : public CK4CmnDlgBase, public k4cm
     void OnViewChosen(bool details);
     void OnUpDir();
     void OnFileselRadioSign();
+    void OnFileselSearch();
     void OnSortColumn(int column);
     void OnDoubleClick();
     void OnRenamed(std::size_t row, const QString& text);

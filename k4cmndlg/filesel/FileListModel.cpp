@@ -1,17 +1,9 @@
 #include "k4cmndlg/filesel/FileListModel.h"
 
+#include "k4cmndlg/filelist/ListLooks.h"
 #include "k4cmndlg/frame/Text.h"
 
 namespace k4cmn {
-
-namespace {
-
-int AlignmentOf(const FileColumn& column) {
-    const Qt::Alignment side = column.isRightAligned ? Qt::AlignRight : Qt::AlignLeft;
-    return static_cast<int>(side | Qt::AlignVCenter);
-}
-
-}  // namespace
 
 FileListModel::FileListModel(QObject* parent) : QAbstractTableModel(parent) {}
 
@@ -81,14 +73,7 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    const auto at = static_cast<std::size_t>(section);
-    if (orientation != Qt::Horizontal || at >= m_columns.size())
-        return {};
-    if (role == Qt::DisplayRole)
-        return ToQt(m_columns[at].heading);
-    if (role == Qt::TextAlignmentRole)
-        return AlignmentOf(m_columns[at]);
-    return {};
+    return HeadingData(m_columns, section, orientation, role);
 }
 
 Qt::ItemFlags FileListModel::flags(const QModelIndex& index) const {

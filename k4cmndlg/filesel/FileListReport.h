@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "k4cmndlg/filelist/RowLabelSize.h"
 #include "k4cmndlg/filelist/contracts/PrintSurface.h"
 #include "k4cmndlg/filesel/FileRows.h"
 #include "k4cmndlg/filestore/FileLocation.h"
@@ -14,12 +15,6 @@
 #include "k4cmndlg/k4cmncore_export.h"
 
 namespace k4cmn {
-
-/// The size of a row's label on the screen, in pixels; the report takes its units from it.
-struct RowLabelSize {
-    int width = 0;
-    int height = 0;
-};
 
 /// The printed list of the files of a library: a line for each sequence, with what only the file
 /// itself tells, and totals. Every sequence is opened in turn; the first that can't be ends the

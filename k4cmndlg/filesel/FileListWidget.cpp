@@ -4,11 +4,12 @@
 #include <QHeaderView>
 #include <memory>
 
+#include "k4cmndlg/filelist/FileNamesView.h"
 #include "k4cmndlg/filelist/FileReportView.h"
 #include "k4cmndlg/filelist/LabelDelegate.h"
+#include "k4cmndlg/filelist/ListLooks.h"
 #include "k4cmndlg/filelist/RowSelection.h"
 #include "k4cmndlg/filesel/FileListModel.h"
-#include "k4cmndlg/filesel/FileNamesView.h"
 
 namespace k4cmn {
 
@@ -75,25 +76,16 @@ void FileListWidget::RowsChanged(bool withColumns) {
     m_isReplacing = true;
     if (withColumns) {
         m_model->MakeColumns();
-        ShapeColumns();
+        ShapeColumns(*m_report->header());
     }
     m_model->RowsChanged();
     m_isReplacing = false;
 }
 
-void FileListWidget::ShapeColumns() {
-    QHeaderView& header = *m_report->header();
-    const QFontMetrics font = header.fontMetrics();
-    for (int column = 0; column < m_model->columnCount(); ++column) {
-        const QVariant heading = m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole);
-        header.resizeSection(column, font.horizontalAdvance(heading.toString()) + kColumnMargin);
-    }
-}
-
 void FileListWidget::changeEvent(QEvent* event) {
     QStackedWidget::changeEvent(event);
     if (event->type() == QEvent::FontChange)
-        ShapeColumns();
+        ShapeColumns(*m_report->header());
 }
 
 // Selection ----------------------------------------------------------------------------------
@@ -125,12 +117,7 @@ void FileListWidget::EditRow(std::size_t row) {
 }
 
 RowLabelSize FileListWidget::FirstLabelSize() const {
-    const QModelIndex first = m_model->index(0, 0);
-    const QRect place = first.isValid() ? Shown().visualRect(first) : QRect();
-    if (place.isEmpty())
-        return {fontMetrics().averageCharWidth(), fontMetrics().height()};
-    const int margins = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
-    return {place.width() - Shown().iconSize().width() - margins, place.height()};
+    return k4cmn::FirstLabelSize(Shown());
 }
 
 // Views --------------------------------------------------------------------------------------

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "k4cmndlg/filelist/FileImages.h"
-#include "k4cmndlg/filesel/FileListReport.h"
+#include "k4cmndlg/filelist/RowLabelSize.h"
 #include "k4cmndlg/filesel/FileRows.h"
 #include "k4cmndlg/k4cmndlg_export.h"
 
@@ -81,7 +81,6 @@ class K4CMNDLG_EXPORT FileListWidget final : public QStackedWidget {
  private:
     LabelDelegate* SetUp(QAbstractItemView& view);
     QAbstractItemView& Shown() const;
-    void ShapeColumns();
 
     FileListModel* const m_model;
     RowSelection* const m_selection;

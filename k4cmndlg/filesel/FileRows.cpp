@@ -7,7 +7,6 @@
 #include "k4cmndlg/filestore/Characters.h"
 #include "k4cmndlg/filestore/FindNames.h"
 #include "k4cmndlg/filestore/contracts/StoreAccess.h"
-#include "k4cmndlg/frame/Format.h"
 #include "k4cmndlg/frame/LibraryStrings.h"
 #include "k4cmndlg/frame/LocalTime.h"
 
@@ -56,7 +55,7 @@ std::string FileRows::Text(std::size_t row, int column) const {
         case kType:
             return m_typeName;
         case kModified:
-            return TimeText("%m/%d/%y %I:%M %p", LocalTime(m_rows[row].modified));
+            return TimeText(kModifiedFormat, LocalTime(m_rows[row].modified));
         default:
             return {};
     }

@@ -113,6 +113,8 @@ class K4CMNCORE_EXPORT FileSelector {
 
     // The search dialog: what it is given, and what follows.
     tag_K4_FILE_TYPE SearchType() const;
+    /// A file that was found is taken as if its name had been typed at its place, and OK pressed;
+    /// its type isn't taken over, but refused where another one is requested.
     /// @param found null where it ended without OK.
     SelectorEnd AfterSearch(const FoundFile* found, Prompt& prompt);
 

@@ -1,3 +1,4 @@
+#include "k4cmndlg/filelist/FilePrinting.h"
 #include "k4cmndlg/filesel/FileChanges.h"
 #include "k4cmndlg/filesel/FilePaste.h"
 #include "k4cmndlg/filesel/FileSelector.h"
@@ -89,9 +90,7 @@ void FileSelector::Print(Prompt& prompt) {
     const bool isFile = GetFileSelection() != 0;
     if (!isPlace || !isFile || !CanTakeOverFileName(m_place.file))
         return;
-    const std::string path = LibraryFolder(m_place) + m_fileWithExtension;
-    if (Provided<Shell>::Current().PrintVerb(path) <= kLastOpenError)
-        prompt.Ask(PlainMessage("ERROR: Could not print " + path));
+    PrintFile(LibraryFolder(m_place) + m_fileWithExtension, prompt);
 }
 
 std::optional<std::string> FileSelector::PropertiesPath() const {

@@ -114,7 +114,11 @@ SelectorEnd FileSelector::AfterSearch(const FoundFile* found, Prompt& prompt) {
         prompt.Ask(PlainMessage("Invalid file type.\n"));
         return SelectorEnd::Stay;
     }
+    // The field gives the file to OK, also where the list doesn't show it: a name of before, and a
+    // row of it, mustn't take its place.
+    m_view->ShowFileName({});
     FillTreeListCtrls(found->server, found->signType, found->library, found->file);
+    m_view->ShowFileName(found->file);
     return PressOk(prompt);
 }
 

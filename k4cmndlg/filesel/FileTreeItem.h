@@ -5,16 +5,9 @@
 #include <utility>
 #include <vector>
 
-namespace k4cmn {
+#include "k4cmndlg/filelist/ImagePositions.h"
 
-/// @name Positions in the list of images that tree and file list share.
-/// @{
-inline constexpr int kNoticeImage = 0;
-inline constexpr int kServerImage = 1;
-inline constexpr int kSignTypeImage = 2;
-inline constexpr int kLibraryImage = 3;
-inline constexpr int kFirstFileImage = 4;  ///< and the position in the dialog's extension list
-/// @}
+namespace k4cmn {
 
 /// An item of the file tree: a text and an image. How many items stand above it says what it is,
 /// and its text gives the value. Owned by the item above it; FileTree makes and removes items.

@@ -5,6 +5,7 @@
 
 #include "k4cmndlg/frame/CPropertyPage.h"
 #include "k4cmndlg/k4cmndlg_export.h"
+#include "k4cmndlg/search/SearchPlace.h"
 
 namespace Ui {
 class FindNamePage;
@@ -40,12 +41,12 @@ class K4CMNDLG_EXPORT CK4CmnDlgFindNam final : public CPropertyPage {
     int m_keywordCombination = 0;  ///< a KeywordCombination
 
  protected:
-    int OnInitDialog() override;
     void DoDataExchange(CDataExchange* pDX) override;
 
  private:
     void OnSelchangeFileType();
     void OnBrowse();
+    void TakePlace(const k4cmn::SearchPlace& place);
 
     std::unique_ptr<Ui::FindNamePage> m_ui;
 };

@@ -40,7 +40,12 @@ class K4CMNDLG_EXPORT CK4CmnDlgFindSign final : public CPropertyPage {
  protected:
     int OnInitDialog() override;
     void DoDataExchange(CDataExchange* pDX) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+    void EnableControls();
+    void OnEnable();
+    void CheckSign(CDataExchange* pDX);
+
     std::unique_ptr<Ui::FindSignPage> m_ui;
 };

@@ -6,6 +6,8 @@
 #include "k4cmndlg/k4cmndlg_export.h"
 #include "k4cmndlg/search/SearchCriteria.h"
 
+class QLineEdit;
+
 namespace Ui {
 class FindSizePage;
 }
@@ -43,5 +45,21 @@ class K4CMNDLG_EXPORT CK4CmnDlgFindSize final : public CPropertyPage {
     void DoDataExchange(CDataExchange* pDX) override;
 
  private:
+    /// One of the two dates: its edit, and whether the next change of its text is passed over.
+    struct Date {
+        k4cmn::CalendarDay CK4CmnDlgFindSize::*day;
+        QLineEdit* edit = nullptr;
+        int guard = 0;           ///< 0: the next change is passed over; 1: it opens the calendar
+        bool isTelling = false;  ///< of a change, which has the calendar open
+    };
+
+    void EnableControls();
+    void OnDateMode();
+    void ShowDate(Date& date);
+    void OnChangeDate(Date& date);
+    void PickDate(Date& date);
+
     std::unique_ptr<Ui::FindSizePage> m_ui;
+    Date m_first{&CK4CmnDlgFindSize::m_firstDate};
+    Date m_last{&CK4CmnDlgFindSize::m_lastDate};
 };

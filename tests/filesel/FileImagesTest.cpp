@@ -55,13 +55,14 @@ TEST(Images, OutOfRangeIsEmpty) {
 
 TEST(Images, EachKindAndToolHasItsOwn) {
     std::vector<std::pair<std::string, QIcon>> all;
-    for (const char* name : {"notice", "server", "sign-type", "library", "any file"})
+    for (const char* name :
+         {"notice", "server", "file-servers", "sign-type", "library", "any file"})
         all.emplace_back(name, FileImages::OfTool(name));
     for (const std::string& extension : k4cmn::ExtensionsOf(K4_FILE_TYPE_ALL))
         all.emplace_back(extension, FileImages::OfExtension(extension));
     for (const char* name : kTools)
         all.emplace_back(name, FileImages::OfTool(name));
-    ASSERT_EQ(all.size(), 17U);
+    ASSERT_EQ(all.size(), 18U);
     for (const auto& [name, icon] : all) {
         EXPECT_GT(Covered(Picture(icon, 16)), 0.1) << name;
         for (const auto& [otherName, other] : all)

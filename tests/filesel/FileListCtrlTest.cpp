@@ -11,8 +11,8 @@
 #include <memory>
 
 #include "k4cmndlg/filelist/FileImages.h"
+#include "k4cmndlg/filelist/FileNamesView.h"
 #include "k4cmndlg/filelist/FileReportView.h"
-#include "k4cmndlg/filesel/FileNamesView.h"
 #include "k4cmndlg/filestore/contracts/FileKinds.h"
 #include "tests/filesel/ScopedTimeZone.h"
 #include "tests/support/FontScale.h"

@@ -12,8 +12,8 @@
 #include <QVBoxLayout>
 #include <memory>
 
+#include "k4cmndlg/filelist/FileNamesView.h"
 #include "k4cmndlg/filelist/FileReportView.h"
-#include "k4cmndlg/filesel/FileNamesView.h"
 #include "k4cmndlg/frame/Text.h"
 #include "tests/filesel/ScopedTimeZone.h"
 #include "tests/support/FontScale.h"

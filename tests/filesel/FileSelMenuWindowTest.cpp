@@ -1,8 +1,7 @@
-#include "k4cmndlg/filelist/contracts/Printing.h"
-#include "k4cmndlg/frame/Format.h"
 #include "k4cmndlg/signctl/CK4CmnDlgCreateSignFolders.h"
 #include "suite/settings/PreviewRequest.h"
 #include "tests/filesel/FileSelWindowFixture.h"
+#include "tests/support/RecordingPrinting.h"
 #include "tests/support/RecordingPrograms.h"
 #include "tests/support/RecordingShell.h"
 
@@ -361,52 +360,12 @@ TEST_F(FileSelMenuWindow, AFileIsPrintedByTheVerb) {
                 ElementsAre("print " + Lib() + "b.SQ4", "print " + Lib() + "b.SQ4"));
 }
 
-/// Keeps the texts that are printed.
-class RecordingPrinting final : public k4cmn::Printing {
- public:
-    bool hasPrinter = true;
-    QWidget* parent = nullptr;
-    std::vector<std::string> texts;
-    std::function<void()> onChoose;
-
-    std::unique_ptr<k4cmn::PrintSurface> Choose(QWidget* window) override {
-        parent = window;
-        if (onChoose)
-            onChoose();
-        return hasPrinter ? std::make_unique<Surface>(texts) : nullptr;
-    }
-
- private:
-    class Surface final : public k4cmn::PrintSurface {
-     public:
-        explicit Surface(std::vector<std::string>& texts) : m_texts(texts) {}
-        void StartDocument(const std::string& name) override { m_texts.push_back(name); }
-        void StartPage() override {}
-        void DrawText(int, int, const std::string& text, k4cmn::PrintFont) override {
-            m_texts.push_back(text);
-        }
-        void DrawTextAtBottom(const k4cmn::PrintRectangle& place, const std::string& text,
-                              k4cmn::PrintFont) override {
-            m_texts.push_back(k4cmn::Format("%d %d ", place.right, place.bottom - place.top) +
-                              text.substr(0, 16));
-        }
-        void EndPage() override {}
-        void EndDocument() override { m_texts.emplace_back("end"); }
-
-     private:
-        std::vector<std::string>& m_texts;
-    };
-
-    k4cmn::ScopedProvider<k4cmn::Printing> m_use{*this};
-};
-
 TEST_F(FileSelMenuWindow, TheListIsPrinted) {
     RecordingPrinting printing;
     for (const char* name : {"a", "b", "c"})
         MakeSequence(Lib() + name + ".SQ4");
     ShowAt(At());
     const k4cmn::RowLabelSize label = List().FirstLabelSize();
-    const std::string size = k4cmn::Format("%d %d ", label.width + 40, label.height);
     ChooseEntry("Print &File List");
     EXPECT_EQ(printing.parent, dialog.get());
     ASSERT_EQ(printing.texts.size(), 10U);
@@ -414,8 +373,13 @@ TEST_F(FileSelMenuWindow, TheListIsPrinted) {
     EXPECT_EQ(printing.texts[1], "Directory listing for " + Lib());
     EXPECT_EQ(printing.texts[2], "Friday, July 31, 2026  02:05:09 PM");
     EXPECT_EQ(printing.texts[3], "Sequences");
-    EXPECT_EQ(printing.texts[5], size + "a               ");
-    EXPECT_EQ(printing.texts[7], size + "c               ");
+    EXPECT_EQ(printing.texts[5].substr(0, 16), "a               ");
+    EXPECT_EQ(printing.texts[7].substr(0, 16), "c               ");
+    EXPECT_EQ(printing.lines.size(), 3U);
+    for (const k4cmn::PrintRectangle& line : printing.lines) {
+        EXPECT_EQ(line.right, label.width + 40);
+        EXPECT_EQ(line.bottom - line.top, label.height);
+    }
     EXPECT_TRUE(printing.texts[8].starts_with("3 file(s)     ")) << printing.texts[8];
     EXPECT_EQ(printing.texts[9], "end");
 }

@@ -279,6 +279,55 @@ TEST_F(FileSelOk, WhatTheSearchFoundIsTaken) {
     EXPECT_EQ(selector->Result(), kLib + "two.SQ4");
 }
 
+TEST_F(FileSelOk, AFoundFileIsTakenAlsoWhereTheListDoesntShowIt) {
+    MakeFile(kLib + "old.SQ4", "x", kNow - 90 * 86400);
+    At(K4_FILE_OPEN, "one");
+    view.lastModified = 0;  // today
+    const k4cmn::FoundFile found{"A:", kType, "Default", "old", K4_FILE_TYPE_SEQUENCE};
+    EXPECT_EQ(selector->AfterSearch(&found, prompt), SelectorEnd::Ok);
+    EXPECT_EQ(selector->Result(), kLib + "old.SQ4");
+    EXPECT_THAT(selector->SelectedFiles(), ElementsAre(kLib + "old.SQ4")) << "no row of before";
+    EXPECT_EQ(view.name, "old");
+    EXPECT_EQ(Remembered().file, "old");
+}
+
+TEST_F(FileSelOk, AFoundFileThatIsOnlyThereInAnotherTypeIsntTheOneOfBefore) {
+    MakeFile(kLib + "plan.SD4");
+    At(K4_FILE_OPEN, "one");
+    const k4cmn::FoundFile found{"A:", kType, "Default", "plan", K4_FILE_TYPE_SCHEDULE};
+    prompt.ExpectQuestion(kLib + "plan.SQ4\nFile not found.\nDo you want to create a new file?",
+                          k4cmn::MessageButtons::YesNoCancel, k4cmn::MessageAnswer::No);
+    EXPECT_EQ(selector->AfterSearch(&found, prompt), SelectorEnd::Stay);
+}
+
+TEST_F(FileSelOk, ASearchThatEndedWithoutAFileTakesNone) {
+    At(K4_FILE_OPEN, "one");
+    const auto unknown = static_cast<tag_K4_FILE_TYPE>(-1);
+    for (const char* server : {"", "A:"}) {
+        const k4cmn::FoundFile found{server, kType, "Default", "", unknown};
+        prompt.ExpectQuestion("\nFile not found.\nDo you want to create a new file?",
+                              k4cmn::MessageButtons::YesNoCancel, k4cmn::MessageAnswer::No);
+        EXPECT_EQ(selector->AfterSearch(&found, prompt), SelectorEnd::Stay);
+        EXPECT_EQ(selector->Result(), "");
+    }
+    Make().SetType(K4_FILE_TYPE_SEQUENCE);
+    Open();
+    const k4cmn::FoundFile found{"A:", kType, "Default", "", unknown};
+    prompt.Expect("Invalid file type.\n");
+    EXPECT_EQ(selector->AfterSearch(&found, prompt), SelectorEnd::Stay);
+}
+
+TEST_F(FileSelOk, AFoundFileWithALongNameIsRefusedAndItsLibraryShown) {
+    const std::string name(33, 'x');
+    MakeFile(kLib + name + ".SQ4");
+    At(K4_FILE_OPEN, "one");
+    const k4cmn::FoundFile found{"A:", kType, "Default", name, K4_FILE_TYPE_SEQUENCE};
+    EXPECT_EQ(selector->AfterSearch(&found, prompt), SelectorEnd::Stay);
+    EXPECT_GT(view.refused, 0);
+    EXPECT_THAT(Names(), testing::Contains(name));
+    EXPECT_EQ(view.name, name);
+}
+
 TEST_F(FileSelOk, AFoundFileOfAnotherTypeIsRefused) {
     Remember({"A:", kType, "Default", "", "SQ4"});
     Make().SetType(K4_FILE_TYPE_SEQUENCE);

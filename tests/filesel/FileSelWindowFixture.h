@@ -45,6 +45,7 @@ class FileSelWindow : public SelectorFixture {
         kFileName = 1073,
         kFileTypes = 1074,
         kLastModified = 1075,
+        kSearch = 1076,
         kUp = 1077,
         kListView = 1078,
         kProperties = 1079,

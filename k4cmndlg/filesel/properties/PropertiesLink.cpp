@@ -17,7 +17,7 @@ PropertiesLink::~PropertiesLink() {
 void PropertiesLink::Open(const std::string& path) {
     if (m_isShowing || !m_window || path.empty())
         return;
-    if (m_sheet && IsSameWithoutCase(m_sheet->GetCurFilePath(), path)) {
+    if (Shows(path)) {
         m_sheet->raise();
         m_sheet->activateWindow();
         return;
@@ -31,6 +31,15 @@ void PropertiesLink::Open(const std::string& path) {
 void PropertiesLink::Follow(const std::string& path) {
     if (!m_isShowing && m_sheet && !path.empty())
         Show(path);
+}
+
+void PropertiesLink::MoveTo(const std::string& path) {
+    if (!Shows(path))
+        Follow(path);
+}
+
+bool PropertiesLink::Shows(const std::string& path) const {
+    return m_sheet && IsSameWithoutCase(m_sheet->GetCurFilePath(), path);
 }
 
 void PropertiesLink::Show(const std::string& path) {
