@@ -25,12 +25,12 @@ std::optional<std::string> ReadText(const std::string& path) {
     return file.readAll().toStdString();
 }
 
-std::uint32_t IdOfDialog(std::uint32_t dialog) {
-    return kLibraryOffset + dialog + kDialogOffset;
-}
-
-std::uint32_t IdOfControl(std::uint32_t dialog, std::uint32_t control) {
-    return kLibraryOffset + ((dialog << 16) | control);
+/// Reads the number of a dialog. @return what is added to its help ids.
+std::uint32_t ReadDialog(std::istringstream& words, std::uint32_t& dialog) {
+    if (!(words >> dialog) || words.peek() != '*')
+        return kLibraryOffset;
+    words.get();
+    return 0;
 }
 
 }  // namespace
@@ -72,7 +72,8 @@ void HelpTopics::ReadIndexLine(const std::string& folder, const std::string& lin
     std::uint32_t dialog = 0;
     std::string controls;
     std::string place;
-    if (!(words >> dialog >> controls >> place)) {
+    const std::uint32_t offset = ReadDialog(words, dialog);
+    if (!(words >> controls >> place)) {
         qWarning("help index, not understood: %s", line.c_str());
         return;
     }
@@ -90,7 +91,7 @@ void HelpTopics::ReadIndexLine(const std::string& folder, const std::string& lin
     }
 
     if (controls == "-") {
-        m_byId[IdOfDialog(dialog)] = topic;
+        m_byId[offset + dialog + kDialogOffset] = topic;
         return;
     }
     std::uint32_t first = 0;
@@ -100,7 +101,7 @@ void HelpTopics::ReadIndexLine(const std::string& folder, const std::string& lin
     if (range.get() == '-')
         range >> last;
     for (std::uint32_t control = first; control <= last && last <= 0xFFFF; ++control)
-        m_byId[IdOfControl(dialog, control)] = topic;
+        m_byId[offset + ((dialog << 16) | control)] = topic;
 }
 
 bool HelpTopics::ReadPage(const std::string& folder, const std::string& file) {

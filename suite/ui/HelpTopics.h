@@ -21,8 +21,9 @@ struct HelpTopic {
 /// The help text: Markdown pages, and an index file that says which help id is told about where.
 ///
 /// A line of the index is "dialog control page#section": the dialog's resource number, a control's
-/// id or a range of them ("1015-1022") or "-" for the dialog itself, and the place. '#' begins a
-/// comment line. Pages are beside the index. A page has one heading "# " and sections "## ", whose
+/// id or a range of them ("1015-1022") or "-" for the dialog itself, and the place. '*' behind the
+/// dialog's number says that its ids come without the 0x1000000 told of below. '#' begins a comment
+/// line. Pages are beside the index. A page has one heading "# " and sections "## ", whose
 /// anchors are their headings in lower case with '-' for each run of anything but letters and
 /// digits.
 ///

@@ -6,9 +6,10 @@ namespace k4suite {
 
 class FileOperationUi;
 
-/// The parts of the suite that show something: messages, help, quick file trees, printing, and the
-/// questions and progress of file operations. Installs itself behind the library's contracts for
-/// the life of the object. Made after the application object, on the user interface thread.
+/// The parts of the suite that show something: messages, help, quick file trees, calendars,
+/// printing, and the questions and progress of file operations. Installs itself behind the
+/// library's contracts for the life of the object. Made after the application object, on the user
+/// interface thread.
 class SuiteWindows {
  public:
     SuiteWindows();

@@ -135,6 +135,39 @@ INSTANTIATE_TEST_SUITE_P(
                     IdRow{"Cancel", kFolders + 2, kFolders + 2, "Cancel"}),
     [](const auto& row) { return row.param.what; });
 
+constexpr std::uint32_t kFindName = 0x1000000 + (112u << 16);
+constexpr std::uint32_t kFindSign = 0x1000000 + (113u << 16);
+constexpr std::uint32_t kFindSize = 0x1000000 + (114u << 16);
+constexpr std::uint32_t kFindTree = 0x1000000 + (115u << 16);
+
+INSTANTIATE_TEST_SUITE_P(
+    FindPages, BuiltInHelp,
+    testing::Values(
+        IdRow{"Name", 0x1020070, 0x1020070, "Name"},
+        IdRow{"Keywords", kFindName + 1101, kFindName + 1101, "Keywords"},
+        IdRow{"Combine", kFindName + 1102, kFindName + 1103, "Combine keywords with"},
+        IdRow{"FileName", kFindName + 1104, kFindName + 1104, "File name"},
+        IdRow{"FileTypes", kFindName + 1105, kFindName + 1105, "File types"},
+        IdRow{"LookIn", kFindName + 1106, kFindName + 1107, "Look in"},
+        IdRow{"Sign", 0x1020071, 0x1020071, "Sign"},
+        IdRow{"Enable", kFindSign + 1111, kFindSign + 1111, "Enable sign searching"},
+        IdRow{"Rows", kFindSign + 1112, kFindSign + 1113, "Rows"},
+        IdRow{"Cols", kFindSign + 1114, kFindSign + 1115, "Cols"},
+        IdRow{"Color", kFindSign + 1116, kFindSign + 1116, "Color technology"},
+        IdRow{"Pixel", kFindSign + 1117, kFindSign + 1117, "Pixel technology"},
+        IdRow{"Size", 0x1020072, 0x1020072, "Size"},
+        IdRow{"SizeIs", kFindSize + 1121, kFindSize + 1123, "Size is"},
+        IdRow{"AllFiles", kFindSize + 1124, kFindSize + 1124, "All files"},
+        IdRow{"Modified", kFindSize + 1125, kFindSize + 1125, "Files created or modified"},
+        IdRow{"Between", kFindSize + 1126, kFindSize + 1128, "Between"},
+        IdRow{"Months", kFindSize + 1129, kFindSize + 1131, "During the previous months"},
+        IdRow{"Days", kFindSize + 1132, kFindSize + 1134, "During the previous days"},
+        IdRow{"Tree", 0x1020073, 0x1020073, "Select Directory To Search"},
+        IdRow{"Directories", kFindTree + 1140, kFindTree + 1140, "Directories"},
+        IdRow{"TreeOk", kFindTree + 1, kFindTree + 1, "OK"},
+        IdRow{"TreeCancel", kFindTree + 2, kFindTree + 2, "Cancel"}),
+    [](const auto& row) { return row.param.what; });
+
 constexpr std::uint32_t kFileSelection = 0x1000000 + (110u << 16);
 constexpr std::uint32_t kCreateLibrary = 0x1000000 + (111u << 16);
 
@@ -168,12 +201,33 @@ INSTANTIATE_TEST_SUITE_P(
         IdRow{"CreateLibraryCancel", kCreateLibrary + 2, kCreateLibrary + 2, "Cancel"}),
     [](const auto& row) { return row.param.what; });
 
+constexpr std::uint32_t kSelectDate = 116u << 16;
+constexpr std::uint32_t kQuickMessage = 0x1000000 + (117u << 16);
+
+INSTANTIATE_TEST_SUITE_P(
+    SmallDialogs, BuiltInHelp,
+    testing::Values(IdRow{"Calendar", kSelectDate + 1145, kSelectDate + 1145, "Calendar"},
+                    IdRow{"DateOk", kSelectDate + 1, kSelectDate + 1, "OK"},
+                    IdRow{"DateCancel", kSelectDate + 2, kSelectDate + 2, "Cancel"},
+                    IdRow{"QuickMessage", 0x1020075, 0x1020075, "Quick Message"},
+                    IdRow{"Text", kQuickMessage + 1150, kQuickMessage + 1150, "Text"},
+                    IdRow{"Font", kQuickMessage + 1151, kQuickMessage + 1151, "Font"},
+                    IdRow{"Rows", kQuickMessage + 1152, kQuickMessage + 1152, "Rows"},
+                    IdRow{"Cols", kQuickMessage + 1153, kQuickMessage + 1153, "Cols"},
+                    IdRow{"FontLabel", kQuickMessage + 1154, kQuickMessage + 1154, "Font"},
+                    IdRow{"RowsLabel", kQuickMessage + 1155, kQuickMessage + 1155, "Rows"},
+                    IdRow{"ColsLabel", kQuickMessage + 1156, kQuickMessage + 1156, "Cols"},
+                    IdRow{"MessageOk", kQuickMessage + 1, kQuickMessage + 1, "OK"},
+                    IdRow{"MessageCancel", kQuickMessage + 2, kQuickMessage + 2, "Cancel"}),
+    [](const auto& row) { return row.param.what; });
+
 TEST(BuiltInHelpPages, IdsOfApplicationsAndUnknownOnesHaveNoTopic) {
     const HelpTopics topics(kIndex);
     for (const std::uint32_t id :
          {0u, 1u, 0x1000000u, 0x200B0u, 176u << 16 | 1111u, kDimming + 0xFFFF, kDimming + 1117,
           kWindows + 1014, kWindows + 1063, kFileProperties + 1202, kFileProperties + 1229,
-          kSheet + 4, kGeneral + 1200, kThumbnail + 1246, 0xFFFFFFFFu})
+          kSheet + 4, kGeneral + 1200, kThumbnail + 1246, 0x1000000u + kSelectDate + 1145,
+          kQuickMessage - 0x1000000u + 1150, 0xFFFFFFFFu})
         EXPECT_EQ(topics.Find(id), nullptr) << std::hex << id;
 }
 
@@ -186,14 +240,15 @@ TEST(BuiltInHelpPages, EachTopicHasAPlaceOfItsOwnAndIsInTheContents) {
         EXPECT_TRUE(links.insert(link).second) << link;
         EXPECT_NE(contents.find("[" + topic.title + "](" + link + ")"), std::string::npos) << link;
     }
-    EXPECT_EQ(links.size(), 82u);
+    EXPECT_EQ(links.size(), 123u);
 }
 
 TEST(HelpIndex, WhatIsWrongIsToldAndTheRestIsUsed) {
     const k4test::TempFolder folder;
     folder.Write("page.md", "# Page\n\nintro\n\n## One & two\n\nfirst\nline\n\nsecond\n");
     folder.Write("index.txt",
-                 "# comment\n\n1 - page.md\n1 5-7 page.md#one-two\nrubbish\n1 8 page.md#nothing\n"
+                 "# comment\n\n1 - page.md\n1 5-7 page.md#one-two\n2* - page.md\n2* 3 "
+                 "page.md\nrubbish\n1 8 page.md#nothing\n"
                  "1 9 gone.md\n1 4294967295 page.md\n1 9-1 page.md\n");
     const k4test::ExpectWarning rubbish(QStringLiteral("help index, not understood: rubbish"));
     const k4test::ExpectWarning section(QStringLiteral("no such section: 1 8 page.md#nothing"));
@@ -204,6 +259,9 @@ TEST(HelpIndex, WhatIsWrongIsToldAndTheRestIsUsed) {
     EXPECT_EQ(topics.Find(0x1020001)->FirstParagraph(), "intro");
     ASSERT_NE(topics.Find(0x1010006), nullptr);
     EXPECT_EQ(topics.Find(0x1010006)->FirstParagraph(), "first\nline");
+    EXPECT_NE(topics.Find(0x20002), nullptr);
+    EXPECT_NE(topics.Find(0x20003), nullptr);
+    EXPECT_EQ(topics.Find(0x1020002), nullptr);
     EXPECT_EQ(topics.Find(0x1010008), nullptr);
     EXPECT_EQ(topics.Find(0x1010009), nullptr);
     EXPECT_EQ(topics.PageText("gone.md"), "");

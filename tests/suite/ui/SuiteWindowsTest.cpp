@@ -8,6 +8,7 @@
 #include "k4cmndlg/filesel/contracts/K4QuickFileTreeCtrl.h"
 #include "k4cmndlg/frame/contracts/HelpSystem.h"
 #include "k4cmndlg/frame/contracts/MessagePresenter.h"
+#include "k4cmndlg/smalldlg/contracts/K4CalendarCtrl.h"
 #include "suite/platform/FileOperationUi.h"
 
 namespace {
@@ -22,6 +23,7 @@ TEST(SuiteWindows, StandBehindTheContractsWhileTheyLive) {
         QWidget window;
         const auto* tree = k4cmn::Provided<k4cmn::QuickFileTrees>::Current().Create(&window);
         EXPECT_NE(tree->findChild<QTreeView*>(), nullptr) << "one that shows something";
+        EXPECT_NE(k4cmn::Provided<k4cmn::Calendars>::Current().Create(&window), nullptr);
         k4cmn::MessagePresenter* const presenter =
             k4cmn::Provided<k4cmn::MessagePresenter>::Install(nullptr);
         EXPECT_NE(presenter, nullptr);
@@ -32,6 +34,7 @@ TEST(SuiteWindows, StandBehindTheContractsWhileTheyLive) {
     }
     EXPECT_EQ(&k4cmn::Provided<k4cmn::HelpSystem>::Current(), before);
     EXPECT_EQ(k4cmn::Provided<k4cmn::Printing>::Install(nullptr), nullptr);
+    EXPECT_EQ(k4cmn::Provided<k4cmn::Calendars>::Install(nullptr), nullptr);
 }
 
 }  // namespace
