@@ -5,6 +5,11 @@
 #include "apps/k4ctl/TerminalText.h"
 
 namespace k4ctl {
+namespace {
+
+constexpr QLatin1String kError("error");
+
+}  // namespace
 
 void Answer::Say(const std::string& line) {
     text += Escaped(line) + "\n";
@@ -17,10 +22,13 @@ void Answer::Say(const Table& table) {
 void Answer::Fail(ExitCode with, const std::string& failure) {
     code = std::max(code, with);
     words.push_back(failure);
-    const QString error = QStringLiteral("error");
-    if (!json.contains(error)) {
-        json.insert(error, QString::fromStdString(failure));
+    if (!HasFailed()) {
+        json.insert(kError, QString::fromStdString(failure));
     }
+}
+
+bool Answer::HasFailed() const {
+    return json.contains(kError);
 }
 
 }  // namespace k4ctl

@@ -12,8 +12,9 @@ namespace k4ctl {
 enum class ExitCode {
     Done = 0,         ///< all was done
     Refused = 1,      ///< the service refused or failed, or the answer couldn't be written
+    NotFound = 1,     ///< a search found nothing
     Usage = 2,        ///< the command line can't be understood
-    Unavailable = 3,  ///< a service couldn't be connected to
+    Unavailable = 3,  ///< a service couldn't be connected to, or what is searched couldn't be read
 };
 
 /// What a command has to say: the same for people, for machines, and what failed.
@@ -31,6 +32,8 @@ struct Answer {
     /// Makes this a failure with words for people, and in "error" for machines. Of several
     /// failures the first gives the words for machines, and the greatest code stays.
     void Fail(ExitCode with, const std::string& failure);
+    /// Whether something failed.
+    bool HasFailed() const;
 };
 
 }  // namespace k4ctl

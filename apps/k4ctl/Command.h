@@ -12,7 +12,8 @@ namespace k4ctl {
 struct CommandText {
     const char* name;  ///< a word, or a group's name and a word: "sequence make"
     const char* summary;
-    const char* examples;  ///< whole lines
+    const char* examples;             ///< whole lines
+    const char* exitCodes = nullptr;  ///< whole lines, where they aren't the usual ones
 };
 
 /// One command of the program: its arguments, which the command line fills, and what it does with

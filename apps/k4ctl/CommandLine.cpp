@@ -91,7 +91,8 @@ CLI::App* AddCommand(CLI::App& app, Command& command, bool& json) {
     command.AddArguments(own);
     own.add_flag("--json", json, "Answer with one JSON document on standard output");
     own.group(kGroup);
-    own.footer(std::string("Examples:\n") + text.examples + "\n" + kExitCodes);
+    own.footer(std::string("Examples:\n") + text.examples + "\n" +
+               (text.exitCodes ? std::string("Exit codes:\n") + text.exitCodes : kExitCodes));
     return &own;
 }
 

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <cstddef>
 #include <string>
+
+#include "apps/k4ctl/Names.h"
 
 namespace k4ctl {
 
@@ -22,6 +25,26 @@ CLI::Option* AddParsed(CLI::App& app, const char* option, const char* typeName,
             },
             text)
         ->type_name(typeName);
+}
+
+/// A word as its index in a list of words, as the operations of Arguments.h do it.
+/// @param thing what one of them is, for the problem: "column".
+template <class Words>
+int ParseWord(const std::string& text, const Words& words, const char* thing, int& value,
+              std::string& problem) {
+    std::string all;
+    for (std::size_t index = 0; index < words.size(); ++index) {
+        if (SameWord(text, words[index])) {
+            value = static_cast<int>(index);
+            return 1;
+        }
+        all += (index == 0                  ? ""
+                : index + 1 == words.size() ? " and "
+                                            : ", ") +
+               std::string(words[index]);
+    }
+    problem = "\"" + text + "\" is no " + thing + "; they are " + all;
+    return 0;
 }
 
 }  // namespace k4ctl

@@ -1,7 +1,6 @@
 #include "apps/k4ctl/sequence/SequenceMakeCommand.h"
 
 #include <CLI/CLI.hpp>
-#include <QStringDecoder>
 #include <filesystem>
 #include <limits>
 
@@ -15,7 +14,6 @@
 namespace k4ctl {
 namespace {
 
-constexpr std::size_t kLongestText = 255;  // characters, as in the fields where people edit them
 constexpr std::string_view kEnding = ".SQ4";
 
 int ParseFit(const std::string& text, Fit& fit, std::string& problem) {
@@ -52,29 +50,8 @@ std::string NormalKeywords(const std::string& text) {
     return keywords;
 }
 
-/// What is wrong with a text that people shall read; empty if nothing is.
-std::string TextProblem(const std::string& text) {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString decoded =
-        decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
-    if (decoder.hasError()) {
-        return "the text isn't UTF-8";
-    }
-    const auto length = static_cast<std::size_t>(decoded.toUcs4().size());
-    return length <= kLongestText
-               ? std::string()
-               : k4cmn::Format("the text has %zu characters, and %zu are the most", length,
-                               kLongestText);
-}
-
-int ParseNotes(const std::string& text, std::string& notes, std::string& problem) {
-    problem = TextProblem(text);
-    notes = text;
-    return problem.empty() ? 1 : 0;
-}
-
 int ParseKeywords(const std::string& text, std::string& keywords, std::string& problem) {
-    return ParseNotes(NormalKeywords(text), keywords, problem);
+    return ParseText(NormalKeywords(text), keywords, problem);
 }
 
 int ParseOut(const std::string& text, std::string& out, std::string& problem) {
@@ -163,7 +140,7 @@ void SequenceMakeCommand::AddTexts(CLI::App& app) {
     m_order.facts.level = K4_COMPRESS_MEDIUM;
     AddParsed(app, "--keywords", "TEXT", ParseKeywords, m_keywords,
               "Keywords, with blanks, commas or semicolons between");
-    AddParsed(app, "--notes", "TEXT", ParseNotes, m_notes, "Notes");
+    AddParsed(app, "--notes", "TEXT", ParseText, m_notes, "Notes");
     AddParsed(app, "--thumbnail", "N", ParseThumbnail, m_order.facts.thumbnailFrame,
               "The frame that stands for the sequence, from 1");
     app.add_flag("--preview-only", m_order.facts.previewOnly, "Mark it as a preview-only sequence");

@@ -1,16 +1,20 @@
 #include "apps/k4ctl/sequence/SequenceWords.h"
 
+#include <QStringDecoder>
 #include <array>
 #include <limits>
 #include <span>
 
 #include "apps/k4ctl/Arguments.h"
 #include "apps/k4ctl/Names.h"
+#include "k4cmndlg/filestore/SignLimits.h"
 #include "k4cmndlg/filestore/SignNames.h"
 #include "k4cmndlg/frame/Format.h"
 
 namespace k4ctl {
 namespace {
+
+constexpr std::size_t kLongestText = 255;  // characters, as in the fields where people edit them
 
 struct NamedNumber {
     const char* name;
@@ -80,6 +84,16 @@ int ParseNamed(const std::string& text, const char* what, int first, int last, N
     return 1;
 }
 
+int ParseRange(const std::string& text, std::uint32_t least, std::uint32_t most,
+               std::uint32_t& value, std::string& problem) {
+    std::int64_t number = 0;
+    if (!ParseNumber(text, least, most, number, problem)) {
+        return 0;
+    }
+    value = static_cast<std::uint32_t>(number);
+    return 1;
+}
+
 }  // namespace
 
 int ParseSignSize(const std::string& text, SignSize& size, std::string& problem) {
@@ -96,6 +110,14 @@ int ParseSignSize(const std::string& text, SignSize& size, std::string& problem)
     }
     size = {static_cast<std::uint32_t>(rows), static_cast<std::uint32_t>(columns)};
     return 1;
+}
+
+int ParseRows(const std::string& text, std::uint32_t& rows, std::string& problem) {
+    return ParseRange(text, k4cmn::kMinSignRows, k4cmn::kMaxSignRows, rows, problem);
+}
+
+int ParseColumns(const std::string& text, std::uint32_t& columns, std::string& problem) {
+    return ParseRange(text, k4cmn::kMinSignColumns, k4cmn::kMaxSignColumns, columns, problem);
 }
 
 int ParseColor(const std::string& text, tag_K4_SIGN_COLOR& color, std::string& problem) {
@@ -143,6 +165,24 @@ int ParseDwells(const std::string& text, std::vector<std::uint32_t>& dwells, std
         at = end + 1;
     }
     dwells = std::move(read);
+    return 1;
+}
+
+int ParseText(const std::string& text, std::string& value, std::string& problem) {
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString decoded =
+        decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
+    if (decoder.hasError()) {
+        problem = "the text isn't UTF-8";
+        return 0;
+    }
+    const auto length = static_cast<std::size_t>(decoded.toUcs4().size());
+    if (length > kLongestText) {
+        problem = k4cmn::Format("the text has %zu characters, and %zu are the most", length,
+                                kLongestText);
+        return 0;
+    }
+    value = text;
     return 1;
 }
 

@@ -21,6 +21,10 @@ struct SignSize {
 
 /// "ROWSxCOLUMNS", whatever the numbers are.
 int ParseSignSize(const std::string& text, SignSize& size, std::string& problem);
+/// The rows of a sign: a number from 7 to 2048.
+int ParseRows(const std::string& text, std::uint32_t& rows, std::string& problem);
+/// The columns of a sign: a number from 16 to 16384.
+int ParseColumns(const std::string& text, std::uint32_t& columns, std::string& problem);
 /// A color technology by its short name, or its number from 0 to 14.
 int ParseColor(const std::string& text, tag_K4_SIGN_COLOR& color, std::string& problem);
 /// A pixel technology by its short name, or its number from 1 to 3.
@@ -31,6 +35,9 @@ int ParseLevel(const std::string& text, tag_K4_COMPRESS_TYPE& level, std::string
 int ParseFrameType(const std::string& text, std::uint32_t& type, std::string& problem);
 /// Milliseconds, 1 at least; several with commas between.
 int ParseDwells(const std::string& text, std::vector<std::uint32_t>& dwells, std::string& problem);
+
+/// The keywords or the notes of a sequence: UTF-8 of 255 characters at most.
+int ParseText(const std::string& text, std::string& value, std::string& problem);
 
 /// Which frames of a sequence: from `first` to `last`, both counted from 1.
 struct FrameRange {

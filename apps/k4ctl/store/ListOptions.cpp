@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "apps/k4ctl/Names.h"
 #include "apps/k4ctl/sequence/OptionWords.h"
 #include "k4cmndlg/filesel/FileTreeItem.h"
 #include "k4cmndlg/filestore/FileTypes.h"
@@ -20,24 +19,6 @@ constexpr std::array<const char*, k4cmn::kLastModifiedTexts.size()> kModifiedWor
     "today", "7days", "last-month", "this-month", "any"};
 constexpr std::array<const char*, FileRows::kColumnCount> kColumnWords{"name", "size", "type",
                                                                        "modified"};
-
-template <class Words>
-int ParseWord(const std::string& text, const Words& words, const char* thing, int& value,
-              std::string& problem) {
-    std::string all;
-    for (std::size_t index = 0; index < words.size(); ++index) {
-        if (SameWord(text, words[index])) {
-            value = static_cast<int>(index);
-            return 1;
-        }
-        all += (index == 0                  ? ""
-                : index + 1 == words.size() ? " and "
-                                            : ", ") +
-               std::string(words[index]);
-    }
-    problem = "\"" + text + "\" is no " + thing + "; they are " + all;
-    return 0;
-}
 
 /// The files of a type at a place, in the order of their names.
 FileRows Filled(FileLocation place, const std::string& extension, int modified) {

@@ -1,6 +1,7 @@
 #include "apps/k4ctl/store/StoreCommand.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 
 #include "apps/k4ctl/store/StopRequest.h"
 
@@ -28,6 +29,9 @@ Answer StoreCommand::Run() const {
     session.Close();
     if (StopRequest::Came()) {
         session.answer.Fail(ExitCode::Refused, "Stopped.");
+    }
+    if (session.answer.HasFailed()) {
+        session.answer.code = std::max(session.answer.code, CodeOfFailure());
     }
     return std::move(session.answer);
 }

@@ -21,6 +21,8 @@ class StoreCommand : public Command {
     const k4suite::DataHome& Home() const { return m_home; }
     /// Does what was asked for; the session's answer is the command's.
     virtual void Do(StoreSession& session) const = 0;
+    /// How a failure ends the program at least.
+    virtual ExitCode CodeOfFailure() const { return ExitCode::Refused; }
     /// Declares --yes and --no: the command asks, and stops between files where it is to stop.
     void AddReplies(CLI::App& app);
 

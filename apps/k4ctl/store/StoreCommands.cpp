@@ -1,5 +1,6 @@
 #include "apps/k4ctl/store/StoreCommands.h"
 
+#include "apps/k4ctl/store/FindFilesCommand.h"
 #include "apps/k4ctl/store/StoreListCommand.h"
 #include "apps/k4ctl/store/StoreMakeLibraryCommand.h"
 #include "apps/k4ctl/store/StoreMakeTypeCommand.h"
@@ -25,6 +26,7 @@ std::vector<std::unique_ptr<Command>> StoreCommands(const k4suite::DataHome& hom
     commands.push_back(std::make_unique<StoreMakeLibraryCommand>(home, terminal));
     commands.push_back(std::make_unique<StoreMakeTypeCommand>(home, terminal));
     commands.push_back(std::make_unique<StoreReportCommand>(home, terminal));
+    commands.push_back(std::make_unique<FindFilesCommand>(home, terminal));
     return commands;
 }
 

@@ -10,7 +10,7 @@
 namespace k4ctl {
 
 /// The commands on the sign file store of a data home: ls, tree, cp, mv, rename, rm, mklib, mktype,
-/// report. They install for themselves what they need, and no services.
+/// report, and the search `find`. They install for themselves what they need, and no services.
 /// @param terminal where they ask and show their progress.
 std::vector<std::unique_ptr<Command>> StoreCommands(const k4suite::DataHome& home,
                                                     const Terminal& terminal);

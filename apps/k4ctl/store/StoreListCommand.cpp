@@ -1,11 +1,11 @@
 #include "apps/k4ctl/store/StoreListCommand.h"
 
 #include <CLI/CLI.hpp>
-#include <QDateTime>
 #include <QJsonArray>
 #include <algorithm>
 
 #include "apps/k4ctl/Table.h"
+#include "apps/k4ctl/store/FileJson.h"
 #include "apps/k4ctl/store/Readable.h"
 #include "k4cmndlg/filesel/FileTree.h"
 #include "k4cmndlg/filesel/LocalSigns.h"
@@ -37,11 +37,6 @@ std::string Joined(const std::vector<std::string>& names) {
         text += (text.empty() ? "" : ", ") + name;
     }
     return text;
-}
-
-/// A time for machines: to the second, in UTC.
-QString TimeOf(const k4cmn::FileRow& row) {
-    return QDateTime::fromSecsSinceEpoch(row.modified, Qt::UTC).toString(Qt::ISODate);
 }
 
 }  // namespace
@@ -181,11 +176,10 @@ void StoreListCommand::ListFiles(const std::vector<ListedFile>& files, const Fil
                    file.texts[FileRows::kModified]});
         place.file = file.row.name;
         place.fileExtension = file.extension;
-        array.append(QJsonObject{{QStringLiteral("file"), ToQt(file.name)},
-                                 {QStringLiteral("path"), ToQt(place.Path())},
-                                 {QStringLiteral("size"), static_cast<qint64>(file.row.size)},
-                                 {QStringLiteral("type"), ToQt(file.texts[FileRows::kType])},
-                                 {QStringLiteral("modified"), TimeOf(file.row)}});
+        QJsonObject object =
+            FileJson(place.Path(), file.row.size, file.texts[FileRows::kType], file.row.modified);
+        object.insert(QStringLiteral("file"), ToQt(file.name));
+        array.append(object);
     }
     if (!table.IsEmpty()) {
         answer.Say(table);

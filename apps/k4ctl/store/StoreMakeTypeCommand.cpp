@@ -4,34 +4,14 @@
 #include <QJsonArray>
 #include <algorithm>
 
-#include "apps/k4ctl/Arguments.h"
 #include "apps/k4ctl/sequence/OptionWords.h"
 #include "apps/k4ctl/sequence/SequenceWords.h"
 #include "k4cmndlg/filestore/Characters.h"
-#include "k4cmndlg/filestore/SignLimits.h"
 #include "k4cmndlg/filestore/contracts/CK4Files.h"
 #include "k4cmndlg/frame/Text.h"
 
 namespace k4ctl {
 namespace {
-
-int ParseRange(const std::string& text, std::uint32_t least, std::uint32_t most,
-               std::uint32_t& value, std::string& problem) {
-    std::int64_t number = 0;
-    if (!ParseNumber(text, least, most, number, problem)) {
-        return 0;
-    }
-    value = static_cast<std::uint32_t>(number);
-    return 1;
-}
-
-int ParseRows(const std::string& text, std::uint32_t& rows, std::string& problem) {
-    return ParseRange(text, k4cmn::kMinSignRows, k4cmn::kMaxSignRows, rows, problem);
-}
-
-int ParseColumns(const std::string& text, std::uint32_t& columns, std::string& problem) {
-    return ParseRange(text, k4cmn::kMinSignColumns, k4cmn::kMaxSignColumns, columns, problem);
-}
 
 /// A server's text without what may stand behind it in a path, and with its own separators.
 std::string ServerText(std::string text) {

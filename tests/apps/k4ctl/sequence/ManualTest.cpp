@@ -68,6 +68,7 @@ TEST(Manual, ShowsExamplesThatAreUnderstoodForEveryCommand) {
     EXPECT_TRUE(has({"schedule", "check"}));
     for (const char* command : kStoreCommands)
         EXPECT_TRUE(has({"store", command})) << command;
+    EXPECT_TRUE(has({"find"}));
 }
 
 TEST(SequenceHelp, OfTheProgramAndOfTheGroupListTheCommands) {

@@ -103,6 +103,29 @@ TEST_F(K4ctlStore, SaysWhatWasNotAskedAndEndsWithItsCode) {
     EXPECT_EQ(Store({}).code, 2);
 }
 
+TEST_F(K4ctlStore, FindsFilesAndEndsWithItsCode) {
+    Good({QStringLiteral("store"), QStringLiteral("ls")});
+    k4suite::ServicesLock lock(k4suite::DataHome(program.Home()), "another");
+    ASSERT_TRUE(lock.TryAcquire());
+    const auto find = [this](const QStringList& words) {
+        return program.Run(QStringList{QStringLiteral("find")} + words);
+    };
+    const K4ctlRun found = find({QStringLiteral("--name"), QStringLiteral("welc*")});
+    EXPECT_EQ(found.code, 0);
+    EXPECT_EQ(found.err, "");
+    EXPECT_THAT(found.out, HasSubstr("\nWelcome  A:\\" + kType + "\\Default.Lib\\Welcome.SQ4 "));
+    const K4ctlRun none = find({QStringLiteral("--name"), QStringLiteral("none*")});
+    EXPECT_EQ(none.code, 1);
+    EXPECT_EQ(none.out, "No files were found.\n");
+    EXPECT_EQ(none.err, "");
+    EXPECT_EQ(find({QStringLiteral("--days"), QStringLiteral("0")}).code, 2);
+    EXPECT_EQ(find({QStringLiteral("Z:")}).code, 3);
+    std::ofstream(Native() / "Bad.SQ4") << "nothing";
+    const K4ctlRun bad = find({Library(), QStringLiteral("--keywords"), QStringLiteral("none")});
+    EXPECT_EQ(bad.code, 1);
+    EXPECT_EQ(bad.err, "k4ctl: Error opening Sequence: " + Library().toStdString() + "\\Bad.SQ4\n");
+}
+
 TEST_F(K4ctlStore, PrintsTheReportAsPdf) {
     const QString out =
         QString::fromStdString((program.Home().parent_path() / "report.pdf").string());

@@ -41,6 +41,10 @@ class StoreRuns : public StoreFixture {
     /// @param answers what a person types; null: nobody sits there.
     CommandRun Call(Words words, const char* answers = nullptr) {
         words.insert(words.begin(), "store");
+        return Line(std::move(words), answers);
+    }
+    /// Runs the program with these words.
+    CommandRun Line(Words words, const char* answers = nullptr) {
         std::istringstream typed(answers ? answers : "");
         shown.str("");
         return CommandRun(std::move(words),
@@ -80,8 +84,10 @@ class StoreRuns : public StoreFixture {
         return entries;
     }
     /// Puts a sequence of one frame into the store.
-    void MakeSequence(const std::string& path, std::int64_t time = -1) {
+    void MakeSequence(const std::string& path, std::int64_t time = -1,
+                      const std::string& keywords = {}) {
         k4suite::SequenceFacts facts;
+        facts.keywords = keywords;
         facts.rows = 16;
         facts.columns = 80;
         MakeFile(path);
