@@ -4,11 +4,17 @@
 
 #include "apps/workbench/PreviewProcess.h"
 #include "apps/workbench/SignSequences.h"
+#include "apps/workbench/TellChoice.h"
 #include "k4cmndlg/filesel/CK4CmnDlgFileSelPrev.h"
 #include "k4cmndlg/filesel/properties/CK4CmnDlgFileProp.h"
+#include "k4cmndlg/frame/Format.h"
+#include "k4cmndlg/frame/LocalTime.h"
 #include "k4cmndlg/frame/contracts/MessagePresenter.h"
 #include "k4cmndlg/signctl/CK4CmnDlgDimmingCtrl.h"
 #include "k4cmndlg/signctl/CK4CmnDlgWindowControl.h"
+#include "k4cmndlg/smalldlg/CK4CmnDlgDate.h"
+#include "k4cmndlg/smalldlg/CK4CmnDlgFontSel.h"
+#include "k4cmndlg/smalldlg/CK4CmnDlgQuickMsg.h"
 
 namespace workbench {
 
@@ -55,6 +61,37 @@ int StartPreview(const std::string& service, const std::string& sign, QWidget* p
     return path.empty() ? 0 : ShowInPreviewApplication(path, parent);
 }
 
+int RunQuickMessage(const std::string&, const std::string&, QWidget* parent) {
+    return CK4CmnDlgQuickMsg(parent).DoModal();
+}
+
+int RunFont(const std::string&, const std::string&, QWidget* parent) {
+    LOGFONT font;
+    CK4CmnDlgFontSel dialog(&font, CF_SCREENFONTS | CF_EFFECTS, nullptr, parent);
+    const int result = dialog.DoModal();
+    TellChoice(parent, result == IDOK
+                           ? k4cmn::Format("%s, height %d, weight %d", font.lfFaceName.c_str(),
+                                           font.lfHeight, font.lfWeight)
+                           : std::string());
+    return result;
+}
+
+/// Begins with today, at the window's top left corner.
+int RunDate(const std::string&, const std::string&, QWidget* parent) {
+    const std::tm today = k4cmn::LocalTime(k4cmn::SecondsNow());
+    const QPoint place = parent->mapToGlobal(QPoint());
+    CK4CmnDlgDate dialog(parent);
+    dialog.SetStartLocation(place.x(), place.y());
+    dialog.SetStartDate(today.tm_mday, today.tm_mon + 1, today.tm_year + 1900);
+    const int result = dialog.DoModal();
+    if (result == -1)
+        CK4CmnDlgDate::ShowFailure(parent);
+    TellChoice(parent, result == IDOK ? k4cmn::Format("%04d-%02d-%02d", dialog.GetYear(),
+                                                      dialog.GetMonth(), dialog.GetDay())
+                                      : std::string());
+    return result;
+}
+
 }  // namespace
 
 const std::vector<DialogEntry>& Dialogs() {
@@ -64,6 +101,9 @@ const std::vector<DialogEntry>& Dialogs() {
         {"&Properties…", "CK4CmnDlgFileProp", true, RunProperties},
         {"Pre&view…", "CK4CmnDlgFileSelPrev", true, ShowPreviewPane},
         {"Preview &Application", "K4Prevu", true, StartPreview},
+        {"&Quick Message…", "CK4CmnDlgQuickMsg", true, RunQuickMessage},
+        {"&Font…", "CK4CmnDlgFontSel", false, RunFont},
+        {"Da&te…", "CK4CmnDlgDate", false, RunDate},
     };
     return dialogs;
 }

@@ -2,15 +2,17 @@
 
 #include <QDialog>
 #include <QDialogButtonBox>
-#include <QMainWindow>
-#include <QStatusBar>
 #include <QVBoxLayout>
 
 #include "apps/workbench/QuickTreeHost.h"
 #include "apps/workbench/SignSequences.h"
+#include "apps/workbench/TellChoice.h"
 #include "k4cmndlg/filesel/CK4CmnDlgFileListCtrl.h"
 #include "k4cmndlg/filesel/CK4CmnDlgFileSel.h"
 #include "k4cmndlg/frame/Text.h"
+#include "k4cmndlg/search/CK4CmnDlgFind.h"
+#include "k4cmndlg/search/SearchPlace.h"
+#include "k4cmndlg/search/SearchTypes.h"
 #include "k4cmndlg/signctl/CK4CmnDlgCreateSignFolders.h"
 
 namespace workbench {
@@ -19,20 +21,28 @@ using k4cmn::ToQt;
 
 namespace {
 
-void Tell(QWidget* parent, const std::string& result) {
-    if (auto* window = qobject_cast<QMainWindow*>(parent))
-        window->statusBar()->showMessage(result.empty()
-                                             ? QStringLiteral("Nothing was chosen")
-                                             : QStringLiteral("Chosen: %1").arg(ToQt(result)));
-}
-
 template <tag_K4_FILE_MODE mode>
 int RunFileSelection(const std::string&, const std::string&, QWidget* parent) {
     CK4CmnDlgFileSel dialog(mode, nullptr, parent);
     dialog.SetMode(mode);
     const std::string result = dialog.DoFileSelection();
-    Tell(parent, result);
+    TellChoice(parent, result);
     return result.empty() ? IDCANCEL : IDOK;
+}
+
+/// Looks in all servers at first.
+int RunFind(const std::string&, const std::string&, QWidget* parent) {
+    CK4CmnDlgFind dialog("Find Files", parent);
+    dialog.SetSearchPath(k4cmn::SearchPathText({k4cmn::kFileServers, {}, {}}));
+    dialog.SetServer(k4cmn::kFileServers);
+    dialog.SetSignType({});
+    dialog.SetLibrary({});
+    const int result = dialog.DoModal();
+    const bool isChosen = result == IDOK && !dialog.GetFileSel().empty();
+    TellChoice(parent, isChosen ? dialog.GetSearchPath() + dialog.GetFileSel() + "." +
+                                      std::string(k4cmn::SearchExtension(dialog.GetFileType()))
+                                : std::string());
+    return result;
 }
 
 int RunSignFolders(const std::string&, const std::string&, QWidget* parent) {
@@ -45,7 +55,7 @@ int ShowQuickTree(const std::string&, const std::string&, QWidget* parent) {
     if (!host) {
         host = new QuickTreeHost(parent);
         QObject::connect(host, &QuickTreeHost::Chosen, parent,
-                         [parent](const std::string& path) { Tell(parent, path); });
+                         [parent](const std::string& path) { TellChoice(parent, path); });
     }
     host->Open();
     return IDOK;
@@ -83,6 +93,7 @@ const std::vector<DialogEntry>& FileDialogs() {
         {"&Quick File Tree", "QuickFileTree", false, ShowQuickTree},
         {"&File List…", "FileList", true, ShowFileList},
         {"&Create Sign Folders…", "CreateSignFolders", false, RunSignFolders},
+        {"Fin&d Files…", "FindFiles", false, RunFind},
     };
     return dialogs;
 }

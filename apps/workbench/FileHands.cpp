@@ -32,12 +32,6 @@ QModelIndex Child(const QAbstractItemModel& model, const QModelIndex& parent,
     return {};
 }
 
-void ClickAt(QAbstractItemView& view, const QModelIndex& index) {
-    view.scrollTo(index);
-    const QRect seen = view.visualRect(index).intersected(view.viewport()->rect());
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, seen.center());
-}
-
 /// Gives a control the focus, and its window too: a window manager does that for a person.
 void Focus(QWidget& control) {
     control.window()->activateWindow();
@@ -51,24 +45,32 @@ QString PlainText(QString text) {
 
 }  // namespace
 
-bool ClickItem(QWidget& dialog, const QStringList& way) {
-    auto* tree = qobject_cast<QTreeView*>(Control(dialog, kTree));
-    if (!tree)
-        return false;
+void ClickAt(QAbstractItemView& view, const QModelIndex& index) {
+    view.scrollTo(index);
+    const QRect seen = view.visualRect(index).intersected(view.viewport()->rect());
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, seen.center());
+}
+
+bool ClickItemOf(QTreeView& tree, const QStringList& way) {
     QModelIndex index;
     for (const QString& beginning : way) {
         if (index.isValid()) {
-            ClickAt(*tree, index);
-            if (!tree->isExpanded(tree->currentIndex()))
-                QTest::keyClick(tree, Qt::Key_Right);
-            index = tree->currentIndex();
+            ClickAt(tree, index);
+            if (!tree.isExpanded(tree.currentIndex()))
+                QTest::keyClick(&tree, Qt::Key_Right);
+            index = tree.currentIndex();
         }
-        index = Child(*tree->model(), index, beginning);
+        index = Child(*tree.model(), index, beginning);
         if (!index.isValid())
             return false;
     }
-    ClickAt(*tree, index);
+    ClickAt(tree, index);
     return true;
+}
+
+bool ClickItem(QWidget& dialog, const QStringList& way) {
+    auto* tree = qobject_cast<QTreeView*>(Control(dialog, kTree));
+    return tree && ClickItemOf(*tree, way);
 }
 
 QAbstractItemView& FileList(QWidget& dialog) {
@@ -98,13 +100,15 @@ void ClickBesideRows(QWidget& dialog) {
     QTest::mouseClick(place, Qt::LeftButton, {}, place->rect().bottomLeft() + QPoint(8, -8));
 }
 
+void ClickHeadingOf(QTreeView& list, int column) {
+    QHeaderView* header = list.header();
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                      QPoint(header->sectionViewportPosition(column) + 8, header->height() / 2));
+}
+
 void ClickHeading(QWidget& dialog, int column) {
-    if (auto* list = qobject_cast<QTreeView*>(&FileList(dialog))) {
-        QHeaderView* header = list->header();
-        QTest::mouseClick(
-            header->viewport(), Qt::LeftButton, {},
-            QPoint(header->sectionViewportPosition(column) + 8, header->height() / 2));
-    }
+    if (auto* list = qobject_cast<QTreeView*>(&FileList(dialog)))
+        ClickHeadingOf(*list, column);
 }
 
 bool ChooseFromMenu(QWidget& control, const QString& text) {

@@ -11,15 +11,24 @@
 class QAbstractItemView;
 class QKeySequence;
 class QMessageBox;
+class QModelIndex;
 class QTimer;
+class QTreeView;
 class QWidget;
 
 namespace workbench {
 
-/// @name What a tour does in the file selection dialog, by mouse and keys.
-/// @{
 /// Opens the items of a tree on the way to the last one and clicks that. An item is known by what
 /// its text begins with. @return whether all of them are there.
+bool ClickItemOf(QTreeView& tree, const QStringList& way);
+/// Clicks a row of a view.
+void ClickAt(QAbstractItemView& view, const QModelIndex& index);
+/// Clicks the heading of a column.
+void ClickHeadingOf(QTreeView& list, int column);
+
+/// @name What a tour does in the file selection dialog, by mouse and keys.
+/// @{
+/// ClickItemOf() its tree.
 bool ClickItem(QWidget& dialog, const QStringList& way);
 /// The view of the list that is shown.
 QAbstractItemView& FileList(QWidget& dialog);

@@ -1,16 +1,15 @@
 #include "apps/workbench/SequenceTour.h"
 
 #include <QAction>
-#include <QCoreApplication>
-#include <QJsonDocument>
+#include <QJsonObject>
 #include <QPainter>
-#include <QProcess>
 #include <QTest>
 
 #include "apps/workbench/MainWindow.h"
 #include "apps/workbench/PictureFacts.h"
 #include "apps/workbench/TourHands.h"
 #include "apps/workbench/TourRecord.h"
+#include "apps/workbench/TourTool.h"
 #include "k4cmndlg/clients/CK4CmnSS.h"
 #include "k4cmndlg/filesel/CK4CmnDlgFileSelPrev.h"
 #include "k4cmndlg/filesel/properties/CK4CmnDlgFileProp.h"
@@ -71,19 +70,6 @@ void SequenceTour::Run() {
     ChangeProperties();
 }
 
-QJsonObject SequenceTour::Tool(const QStringList& arguments, const std::string& what) {
-    QProcess tool;
-    tool.start(QCoreApplication::applicationDirPath() + QStringLiteral("/k4ctl"),
-               QStringList(arguments) << QStringLiteral("--json"));
-    const bool ended = tool.waitForFinished(30000);
-    const QJsonDocument answer = QJsonDocument::fromJson(tool.readAllStandardOutput());
-    const bool passed = ended && tool.exitStatus() == QProcess::NormalExit &&
-                        tool.exitCode() == 0 && answer.isObject();
-    m_record.Step(
-        passed, what + (passed ? std::string() : ": " + tool.readAllStandardError().toStdString()));
-    return passed ? answer.object() : QJsonObject();
-}
-
 void SequenceTour::DrawPictures() {
     const SignLook& look = m_window.LastLook();
     const QSize size(static_cast<int>(look.columns), static_cast<int>(look.rows));
@@ -116,7 +102,7 @@ void SequenceTour::Make() {
         arguments << file;
     }
     m_record.Step(drawn, Format("%d pictures are drawn", kFrames));
-    Tool(arguments, "k4ctl makes them a sequence of the chosen sign's type");
+    RunTool(m_record, arguments, "k4ctl makes them a sequence of the chosen sign's type");
 }
 
 void SequenceTour::Play() {
@@ -194,8 +180,9 @@ void SequenceTour::ChangeProperties() {
 }
 
 void SequenceTour::ReadBack(const std::string& keywords, const std::string& notes, int thumbnail) {
-    const QJsonObject facts = Tool(
-        {QStringLiteral("sequence"), QStringLiteral("show"), ToQt(m_native)}, "k4ctl shows it");
+    const QJsonObject facts =
+        RunTool(m_record, {QStringLiteral("sequence"), QStringLiteral("show"), ToQt(m_native)},
+                "k4ctl shows it");
     m_record.Step(FromQt(facts.value(QLatin1String("keywords")).toString()) == keywords &&
                       FromQt(facts.value(QLatin1String("notes")).toString()) == notes &&
                       facts.value(QLatin1String("thumbnailFrame")).toInt() == thumbnail,

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <QImage>
-#include <QJsonObject>
-#include <QStringList>
 #include <functional>
 #include <string>
 #include <vector>
@@ -33,8 +31,6 @@ class SequenceTour {
 
     /// Opens a window by its menu entry and hands it to `drive`, which ends it.
     bool InWindow(const char* name, const std::function<void(QWidget& window)>& drive);
-    /// Runs k4ctl. @return what it answered; empty where it failed, which is a failed step.
-    QJsonObject Tool(const QStringList& arguments, const std::string& what);
     /// Reads the sequence back and checks what it says.
     void ReadBack(const std::string& keywords, const std::string& notes, int thumbnail);
     void DrawPictures();

@@ -2,25 +2,22 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
-#include <QProcess>
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <memory>
 
 #include "apps/workbench/FileHands.h"
 #include "apps/workbench/MainWindow.h"
 #include "apps/workbench/QuickTreeHost.h"
 #include "apps/workbench/TourHands.h"
+#include "apps/workbench/TourPrinting.h"
 #include "apps/workbench/TourRecord.h"
 #include "k4cmndlg/clients/CK4CmnSS.h"
-#include "k4cmndlg/filelist/contracts/Printing.h"
 #include "k4cmndlg/filesel/CK4CmnDlgFileListCtrl.h"
 #include "k4cmndlg/filesel/CK4CmnDlgK4FileTree.h"
 #include "k4cmndlg/filestore/contracts/CK4Files.h"
@@ -29,7 +26,6 @@
 #include "k4cmndlg/frame/Format.h"
 #include "k4cmndlg/frame/Text.h"
 #include "suite/EmbeddedSuite.h"
-#include "suite/printing/PdfSurface.h"
 #include "suite/remoteservice/RemoteEngine.h"
 
 namespace workbench {
@@ -61,42 +57,6 @@ constexpr int kToday = 0;
 constexpr int kAnyTime = 4;
 constexpr int kSizeColumn = 1;
 constexpr std::chrono::hours kLongAgo{24 * 400};
-
-/// Prints into a PDF file, without asking.
-class PrintsToFile final : public k4cmn::Printing {
- public:
-    explicit PrintsToFile(std::string file) : m_file(std::move(file)), m_use(*this) {}
-    std::unique_ptr<k4cmn::PrintSurface> Choose(QWidget*) override {
-        return std::make_unique<k4suite::PdfSurface>(m_file);
-    }
-
- private:
-    const std::string m_file;
-    k4cmn::ScopedProvider<k4cmn::Printing> m_use;
-};
-
-/// The text of a PDF file, as another program reads it.
-QString TextOf(const std::string& file) {
-    QProcess reader;
-    reader.start(QStringLiteral("pdftotext"),
-                 {QStringLiteral("-layout"), ToQt(file), QStringLiteral("-")});
-    reader.waitForFinished(30000);
-    return QString::fromUtf8(reader.readAllStandardOutput());
-}
-
-QString FieldText(QWidget& dialog, int id) {
-    const QWidget* field = Control(dialog, id);
-    return field ? field->property("text").toString() : QString();
-}
-
-void Choose(QWidget& dialog, int id, int index) {
-    if (auto* combo = qobject_cast<QComboBox*>(Control(dialog, id))) {
-        combo->setFocus();
-        QTest::keyClick(combo, Qt::Key_Home);
-        for (int step = 0; step < index; ++step)
-            QTest::keyClick(combo, Qt::Key_Down);
-    }
-}
 
 }  // namespace
 
@@ -264,7 +224,7 @@ void StoreTour::PrintList(QWidget& dialog) {
     const PrintsToFile printing(file);
     Step(ChooseFromMenu(FileList(dialog), QStringLiteral("Print File List")),
          "the menu prints the list");
-    const QString text = TextOf(file);
+    const QString text = TextOfPdf(file);
     const QStringList names = ListTexts(dialog);
     bool holdsAll = !names.isEmpty();
     qsizetype last = 0;

@@ -10,7 +10,9 @@
 
 #include "apps/workbench/MainWindow.h"
 #include "apps/workbench/PictureFacts.h"
+#include "apps/workbench/SearchTour.h"
 #include "apps/workbench/SequenceTour.h"
+#include "apps/workbench/SmallDialogTour.h"
 #include "apps/workbench/StoreTour.h"
 #include "apps/workbench/TourHands.h"
 #include "apps/workbench/TourRecord.h"
@@ -52,6 +54,8 @@ int Tour::Run() {
         Dim();
         SequenceTour(m_window, m_record, m_folder).Run();
         StoreTour(m_suite, m_window, m_record, m_folder).Run();
+        SearchTour(m_window, m_record, m_folder).Run();
+        SmallDialogTour(m_window, m_record).Run();
         PlaceWindow();
         SeeOtherMachine();
         MeetUnreachableMachine();

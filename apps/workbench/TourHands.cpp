@@ -3,7 +3,10 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QLineEdit>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 
@@ -31,18 +34,43 @@ void Type(QWidget& dialog, int id, const QString& text) {
     }
 }
 
+void Choose(QWidget& dialog, int id, int index) {
+    if (auto* combo = qobject_cast<QComboBox*>(Control(dialog, id))) {
+        combo->setFocus();
+        QTest::keyClick(combo, Qt::Key_Home);
+        for (int step = 0; step < index; ++step)
+            QTest::keyClick(combo, Qt::Key_Down);
+    }
+}
+
+void ClickTab(QWidget& sheet, int page) {
+    if (const auto* tabs = sheet.findChild<QTabWidget*>())
+        QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {},
+                          tabs->tabBar()->tabRect(page).center());
+}
+
+QString FieldText(QWidget& dialog, int id) {
+    const QWidget* field = Control(dialog, id);
+    return field ? field->property("text").toString() : QString();
+}
+
 bool Until(const std::function<bool()>& holds, int milliseconds) {
     return QTest::qWaitFor(holds, milliseconds);
 }
 
 bool TriggerAndDrive(QAction& action, const std::function<void(QWidget&)>& drive) {
+    return OpenAndDrive([&action] { action.trigger(); }, drive);
+}
+
+bool OpenAndDrive(const std::function<void()>& open, const std::function<void(QWidget&)>& drive) {
+    const QWidget* const below = QApplication::activeModalWidget();
     bool driven = false;
     bool overdue = false;
-    // The window runs inside trigger(); both timers fire within its event loop.
+    // The window runs inside open(); both timers fire within its event loop.
     QTimer poll;
     QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
         QWidget* window = QApplication::activeModalWidget();
-        if (!window || !window->isVisible())
+        if (!window || window == below || !window->isVisible())
             return;
         // A person types once the window has the keys: before, a field isn't told that it is left.
         if (!window->isActiveWindow()) {
@@ -58,12 +86,13 @@ bool TriggerAndDrive(QAction& action, const std::function<void(QWidget&)>& drive
         overdue = true;
         poll.stop();
         watchdog.setInterval(100);
-        if (QWidget* window = QApplication::activeModalWidget())
+        QWidget* window = QApplication::activeModalWidget();
+        if (window && window != below)
             window->close();
     });
     poll.start(20);
     watchdog.start(60000);
-    action.trigger();
+    open();
     return driven && !overdue;
 }
 

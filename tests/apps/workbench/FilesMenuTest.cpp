@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QMenu>
 #include <QStatusBar>
@@ -11,7 +12,10 @@
 #include "apps/workbench/FileDialogs.h"
 #include "apps/workbench/MainWindow.h"
 #include "apps/workbench/QuickTreeHost.h"
+#include "apps/workbench/TourHands.h"
 #include "k4cmndlg/filesel/CK4CmnDlgK4FileTree.h"
+#include "k4cmndlg/search/CK4CmnDlgFind.h"
+#include "k4cmndlg/search/FoundListWidget.h"
 #include "suite/EmbeddedSuite.h"
 #include "suite/remoteservice/RemoteEngine.h"
 #include "suite/sample/SampleData.h"
@@ -105,6 +109,61 @@ TEST_F(FilesMenu, TheQuickTreeClosesWhenItIsLeft) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(host->Tree()));
     window->activateWindow();
     EXPECT_TRUE(QTest::qWaitFor([&] { return host->Tree() == nullptr; }));
+}
+
+// Finding -------------------------------------------------------------------------------------
+
+constexpr int kFileName = 1104;
+constexpr int kLookIn = 1106;
+constexpr int kFind = 1160;
+constexpr int kResults = 1163;
+
+class FindFilesEntry : public FilesMenu {
+ protected:
+    /// Opens the search by its entry and hands it to `drive`, which ends it.
+    template <class Drive>
+    void Search(Drive drive) {
+        EXPECT_TRUE(
+            workbench::TriggerAndDrive(*window->DialogAction("FindFiles"), [&](QWidget& sheet) {
+                EXPECT_EQ(sheet.windowTitle(), QStringLiteral("Find Files"));
+                drive(dynamic_cast<CK4CmnDlgFind&>(sheet));
+            }));
+    }
+    /// Searches by name. @return the list of results.
+    static k4cmn::FoundListWidget& Find(CK4CmnDlgFind& sheet, const char* name) {
+        workbench::Type(sheet, kFileName, QLatin1String(name));
+        workbench::Click(sheet, kFind);
+        return *qobject_cast<k4cmn::FoundListWidget*>(sheet.GetDlgItem(kResults));
+    }
+    QString Told() const { return window->statusBar()->currentMessage(); }
+};
+
+TEST_F(FindFilesEntry, LooksInAllServersAndTellsWhatWasChosen) {
+    const std::string path = "\\\\STORE\\SIGNS\\64x192.RGB16M.LED.Sign\\Default.Lib\\Tick.SD4";
+    const std::filesystem::path native = suite->Files().NativePath(path);
+    std::filesystem::create_directories(native.parent_path());
+    std::ofstream(native) << "x";
+    Search([](CK4CmnDlgFind& sheet) {
+        EXPECT_EQ(workbench::FieldText(sheet, kLookIn), QStringLiteral("File Servers\\"));
+        k4cmn::FoundListWidget& list = Find(sheet, "Tick.*");
+        list.SelectRow(0);
+        QTest::keyClick(list.findChild<QAbstractItemView*>(), Qt::Key_Return);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !sheet.isVisible(); }));
+    });
+    EXPECT_EQ(Told(), QStringLiteral("Chosen: ") + QString::fromStdString(path));
+}
+
+TEST_F(FindFilesEntry, WithoutAFileNothingIsChosen) {
+    Search([](CK4CmnDlgFind& sheet) { workbench::Click(sheet, IDCANCEL); });
+    EXPECT_EQ(Told(), QStringLiteral("Nothing was chosen"));
+    // A double click beside all rows ends the search too.
+    window->statusBar()->clearMessage();
+    Search([](CK4CmnDlgFind& sheet) {
+        QWidget* place = Find(sheet, "none.*").findChild<QAbstractItemView*>()->viewport();
+        QTest::mouseDClick(place, Qt::LeftButton, {}, place->rect().center());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !sheet.isVisible(); }));
+    });
+    EXPECT_EQ(Told(), QStringLiteral("Nothing was chosen"));
 }
 
 }  // namespace
