@@ -15,9 +15,9 @@
 #include <thread>
 
 #include "bench/FileStore.h"
+#include "k4cmndlg/filelist/FileNamesView.h"
 #include "k4cmndlg/filelist/FileReportView.h"
 #include "k4cmndlg/filesel/FileListWidget.h"
-#include "k4cmndlg/filesel/FileNamesView.h"
 #include "k4cmndlg/filesel/FileSelector.h"
 #include "k4cmndlg/filesel/FileTreeWidget.h"
 
